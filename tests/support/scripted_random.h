@@ -1,0 +1,50 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <deque>
+#include <initializer_list>
+#include <utility>
+
+#include "random.h"
+
+namespace test {
+
+/// A draw that lets a die of `sides` show `face`.
+inline double roll(int face, int sides) {
+    return (face - 0.5) / sides;
+}
+
+inline constexpr double lowestDraw = 0.0;
+inline const double highestDraw = std::nextafter(1.0, 0.0);
+
+/// Chance as a test wants it. Running out of draws fails the test, and so does one left over.
+class ScriptedRandom final : public game::Random {
+public:
+    ScriptedRandom(std::initializer_list<double> draws = {}) : m_draws(draws) {}
+    ScriptedRandom(const ScriptedRandom&) = delete;
+    ScriptedRandom& operator=(const ScriptedRandom&) = delete;
+    ~ScriptedRandom() override { EXPECT_EQ(m_draws.size(), 0U) << "draws left over"; }
+
+    void add(std::initializer_list<double> draws, int times = 1) {
+        for (int time = 0; time < times; ++time) {
+            m_draws.insert(m_draws.end(), draws);
+        }
+    }
+
+    double Rnd() override {
+        if (m_draws.empty()) {
+            ADD_FAILURE() << "a draw more than scripted";
+            return 0.5;
+        }
+        const double draw = m_draws.front();
+        m_draws.pop_front();
+        return draw;
+    }
+
+private:
+    std::deque<double> m_draws;
+};
+
+}  // namespace test

@@ -1,0 +1,143 @@
+#include "amount_field.h"
+
+#include <QFocusEvent>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QSignalBlocker>
+#include <QWheelEvent>
+#include <algorithm>
+#include <utility>
+
+#include "amount.h"
+#include "text.h"
+
+namespace ui {
+
+namespace {
+
+constexpr char16_t backspace = 8;
+
+}  // namespace
+
+char16_t DigitKeyFilter(char16_t character) {
+    const bool digit = character >= u'0' && character <= u'9';
+    return digit || character == backspace ? character : u'\0';
+}
+
+AmountField::AmountField(const QString& name, Format format)
+    : m_format(format), m_maximum([] { return game::Currency{}; }) {
+    setObjectName(name);
+    setEditable(true);
+    setCompleter(nullptr);  // it would turn a typed 1 into 100
+    setInsertPolicy(QComboBox::NoInsert);
+    lineEdit()->setInputMethodHints(Qt::ImhDigitsOnly);
+    lineEdit()->installEventFilter(this);
+
+    // The list would take a typed text that equals an entry for a pick when Return is pressed or
+    // the focus leaves. Only the open list picks.
+    disconnect(lineEdit(), SIGNAL(returnPressed()), this, nullptr);
+    disconnect(lineEdit(), SIGNAL(editingFinished()), this, nullptr);
+    connect(this, &QComboBox::activated, this, [this] {
+        lineEdit()->selectAll();
+        emit entryPicked();
+    });
+}
+
+game::Currency AmountField::amount() const {
+    return game::MakeNumber(toRules(currentText()));
+}
+
+void AmountField::FillAmountList(game::Currency maximum) {
+    const QSignalBlocker quiet(this);
+    const QString typed = currentText();
+    clear();
+    for (const game::Currency step : game::amountSteps(maximum)) {
+        addItem(m_format(step));
+    }
+    setCurrentIndex(-1);
+    setEditText(typed);
+}
+
+void AmountField::showPopup() {
+    emit dropDown();
+    FillAmountList(m_maximum());
+    QComboBox::showPopup();
+}
+
+bool AmountField::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == lineEdit()) {
+        switch (event->type()) {
+            case QEvent::KeyPress:
+                return discards(static_cast<QKeyEvent*>(event)->text());
+            case QEvent::InputMethod:
+                return discards(static_cast<QInputMethodEvent*>(event)->commitString());
+            case QEvent::MouseButtonRelease:
+                if (std::exchange(m_selectOnRelease, false) && !lineEdit()->hasSelectedText()) {
+                    lineEdit()->selectAll();
+                }
+                break;
+            default:
+                break;
+        }
+    }
+    return QComboBox::eventFilter(watched, event);
+}
+
+bool AmountField::discards(const QString& typed) {
+    const auto types = [](QChar character) {
+        return character.isPrint() || character.unicode() == backspace;
+    };
+    if (std::none_of(typed.begin(), typed.end(), types)) {
+        return false;  // Enter, Tab, arrows, Escape and shortcuts have their own meaning
+    }
+    const bool passes = std::all_of(typed.begin(), typed.end(), [](QChar character) {
+        return DigitKeyFilter(character.unicode()) != 0;
+    });
+    if (passes) {
+        emit keyTyped();
+    }
+    return !passes;
+}
+
+void AmountField::keyPressEvent(QKeyEvent* event) {
+    if (discards(event->text())) {
+        return;
+    }
+    const bool opensList = event->modifiers() == Qt::AltModifier && event->key() == Qt::Key_Down;
+    switch (event->key()) {
+        case Qt::Key_Up:
+        case Qt::Key_Down:
+        case Qt::Key_PageUp:
+        case Qt::Key_PageDown:
+            if (!opensList) {
+                event->ignore();  // they would step through the entries of an earlier opening
+                return;
+            }
+            break;
+        default:
+            break;
+    }
+    QComboBox::keyPressEvent(event);
+}
+
+void AmountField::inputMethodEvent(QInputMethodEvent* event) {
+    if (!discards(event->commitString())) {
+        QComboBox::inputMethodEvent(event);
+    }
+}
+
+void AmountField::focusInEvent(QFocusEvent* event) {
+    QComboBox::focusInEvent(event);
+    // Whoever comes into the field replaces its text by typing; the mouse selects it when released.
+    m_selectOnRelease = event->reason() == Qt::MouseFocusReason;
+    if (!m_selectOnRelease && event->reason() != Qt::PopupFocusReason) {
+        lineEdit()->selectAll();
+    }
+}
+
+void AmountField::wheelEvent(QWheelEvent* event) {
+    event->ignore();
+}
+
+}  // namespace ui

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace ui {
+
+/// A control with the name by which tests, tools and assistive programs find it.
+template <class Control, class... Arguments>
+[[nodiscard]] Control* makeNamed(const QString& name, Arguments&&... arguments) {
+    auto* control = new Control(std::forward<Arguments>(arguments)...);
+    control->setObjectName(name);
+    return control;
+}
+
+[[nodiscard]] inline QGroupBox* makeFrame(const QString& name, const QString& title) {
+    return makeNamed<QGroupBox>(name, title);
+}
+[[nodiscard]] inline QLabel* makeLabel(const QString& name, const QString& caption) {
+    auto* label = makeNamed<QLabel>(name, caption);
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+[[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
+    return makeNamed<QRadioButton>(name, caption);
+}
+/// A button that Enter presses only where a dialog makes it the default one.
+[[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
+    auto* button = makeNamed<QPushButton>(name, caption);
+    button->setAutoDefault(false);
+    return button;
+}
+/// A figure shown to the player: can be selected and copied, not changed.
+[[nodiscard]] inline QLineEdit* makeDisplay(const QString& name) {
+    auto* display = makeNamed<QLineEdit>(name);
+    display->setReadOnly(true);
+    display->setFocusPolicy(Qt::ClickFocus);
+    return display;
+}
+
+/// Sets a text only where it differs: setting is what costs.
+template <class Control>
+void showText(Control* control, const QString& text) {
+    if (control->text() != text) {
+        control->setText(text);
+    }
+}
+/// The same for a panel's title, which is shown as it stands: "&" marks no access key.
+inline void showTitle(QGroupBox* panel, QString title) {
+    title.replace(QLatin1Char('&'), QLatin1String("&&"));
+    if (panel->title() != title) {
+        panel->setTitle(title);
+    }
+}
+
+}  // namespace ui

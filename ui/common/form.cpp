@@ -1,0 +1,37 @@
+#include "form.h"
+
+#include <QKeyEvent>
+#include <QLayout>
+
+#include "main_form.h"
+#include "twips.h"
+
+namespace ui {
+
+Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Escape escape)
+    : QDialog(mainForm.window()), m_mainForm(mainForm), m_escape(escape) {
+    setObjectName(name);
+    setWindowTitle(caption);
+}
+
+void Form::placeAt(int left, int top) {
+    move(m_mainForm.window()->frameGeometry().topLeft() + pointFromTwips(left, top));
+}
+
+void Form::fixSize(int width, int height) {
+    setFixedSize(sizeFromTwips(width, height).expandedTo(layout()->totalSizeHint()));
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    if (m_escape == Escape::Ignored && event->matches(QKeySequence::Cancel)) {
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void GameForm::done(int result) {
+    QDialog::done(result);
+    mainForm().UpdateMainForm();
+}
+
+}  // namespace ui

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <QDialog>
+
+namespace ui {
+
+class MainForm;
+
+/// A modal dialog of the program: named, owned by the main window and of a fixed size.
+class Form : public QDialog {
+public:
+    enum class Escape { Closes, Ignored };
+
+    Form(MainForm& mainForm, const QString& name, const QString& caption,
+         Escape escape = Escape::Closes);
+
+protected:
+    [[nodiscard]] MainForm& mainForm() const { return m_mainForm; }
+
+    /// Puts the dialog's top left corner beside that of the main window's frame, in twips.
+    void placeAt(int left, int top);
+    /// Gives the dialog its client size in twips; larger fonts make it grow rather than clip.
+    void fixSize(int width, int height);
+
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    MainForm& m_mainForm;
+    Escape m_escape;
+};
+
+/// A dialog of the game: however it closes, the main window is refreshed.
+class GameForm : public Form {
+public:
+    using Form::Form;
+
+    void done(int result) override;
+};
+
+}  // namespace ui

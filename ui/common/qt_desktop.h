@@ -1,0 +1,18 @@
+#pragma once
+
+#include "desktop.h"
+
+namespace ui {
+
+/// The player's real desktop, through Qt.
+class QtDesktop final : public Desktop {
+public:
+    Answer show(QWidget* owner, const Box& box) override;
+    [[nodiscard]] QString chooseFileToLoad(QWidget* owner) override;
+    [[nodiscard]] QString chooseFileToSave(QWidget* owner) override;
+    void openLink(const QUrl& link) override;
+    void wait(game::Milliseconds duration) override;
+    [[noreturn]] void endProgram() override;
+};
+
+}  // namespace ui

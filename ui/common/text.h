@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+#include "currency.h"
+
+namespace ui {
+
+[[nodiscard]] inline QString fromRules(std::string_view text) {
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+[[nodiscard]] inline std::string toRules(const QString& text) {
+    return text.toStdString();
+}
+
+/// "$#,##0".
+[[nodiscard]] inline QString money(game::Currency amount) {
+    return fromRules(game::moneyText(amount));
+}
+/// Plain digits.
+[[nodiscard]] inline QString plain(game::Currency amount) {
+    return fromRules(game::plainText(amount));
+}
+
+}  // namespace ui
