@@ -4,6 +4,7 @@
 #include <QLayout>
 
 #include "main_form.h"
+#include "text.h"
 #include "twips.h"
 
 namespace ui {
@@ -32,6 +33,19 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void GameForm::done(int result) {
     QDialog::done(result);
     mainForm().UpdateMainForm();
+}
+
+bool GameForm::refused(const game::Refusal& refusal) {
+    if (refusal) {
+        mainForm().desktop().inform(this, fromRules(*refusal), refusalTitle);
+    }
+    return refusal.has_value();
+}
+
+void GameForm::report(const std::vector<std::string>& messages) {
+    for (const std::string& message : messages) {
+        mainForm().appendEntry(message);
+    }
 }
 
 }  // namespace ui
