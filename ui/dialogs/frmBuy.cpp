@@ -35,7 +35,9 @@ frmBuy::frmBuy(MainForm& mainForm)
     fixSize(4920, 1920);
 }
 
-void frmBuy::UpdateBuyButton() { cmdBuy->setEnabled(game::total(m_panel->order().amounts) > 0); }
+void frmBuy::UpdateBuyButton() {
+    cmdBuy->setEnabled(game::total(m_panel->order().amounts) > 0);
+}
 
 void frmBuy::cmdBuy_Click() {
     const game::TradeOrder order = m_panel->order();

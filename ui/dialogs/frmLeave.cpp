@@ -28,8 +28,8 @@ public:
     }
     void setAtSea(bool atSea) override { m_mainForm.setAtSea(atSea); }
     bool ask(std::string_view text, std::string_view title) override {
-        return m_mainForm.desktop().confirm(m_mainForm.window(), fromRules(text),
-                                            fromRules(title), Icon::Question);
+        return m_mainForm.desktop().confirm(m_mainForm.window(), fromRules(text), fromRules(title),
+                                            Icon::Question);
     }
     void inform(std::string_view text, std::string_view title) override {
         m_mainForm.desktop().inform(m_mainForm.window(), fromRules(text), fromRules(title));

@@ -42,7 +42,9 @@ game::Currency frmSell::stock(game::Good good) const {
     return game::mostToSell(mainForm().state(), m_panel->order().place, good);
 }
 
-void frmSell::UpdateSellButton() { cmdSell->setEnabled(game::total(m_panel->order().amounts) > 0); }
+void frmSell::UpdateSellButton() {
+    cmdSell->setEnabled(game::total(m_panel->order().amounts) > 0);
+}
 
 void frmSell::cmdSell_Click() {
     const game::TradeOrder order = m_panel->order();

@@ -87,7 +87,9 @@ void TradePanel::setMaximum(const std::function<game::Currency(game::Good)>& max
     }
 }
 
-void TradePanel::addCommand(QWidget* command) { m_right->addWidget(command); }
+void TradePanel::addCommand(QWidget* command) {
+    m_right->addWidget(command);
+}
 
 void TradePanel::clearAmounts() {
     for (const game::GoodRow& good : game::goods) {

@@ -66,7 +66,8 @@ frmMain::frmMain(Desktop& desktop, game::Random& random)
 
 QWidget* frmMain::makeClient() {
     auto* client = makeNamed<ClientArea>(QStringLiteral("picClient"));
-    client->setFont(fontOf({QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue")}, font()));
+    client->setFont(
+        fontOf({QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue")}, font()));
     fraHouse = new HousePanel;
     fraPrices = new PricesPanel;
     fraStatus = new GaugePanel(QStringLiteral("fraStatus"), QStringLiteral("prgStatus"),
@@ -104,7 +105,9 @@ void frmMain::connectMenus() {
     connect(m_menus, &Menus::about, this, [this] { open<frmAbout>(*this); });
 }
 
-bool frmMain::moneyLenderBug() const { return m_menus->moneyLenderBug(); }
+bool frmMain::moneyLenderBug() const {
+    return m_menus->moneyLenderBug();
+}
 
 void frmMain::UpdateMainForm() {
     txtLog->refresh();
@@ -169,7 +172,9 @@ void frmMain::appendEntry(std::string_view message, std::string_view continuatio
     txtLog->addEntry(m_state.gdtmDate, message, continuation);
 }
 
-void frmMain::appendText(std::string_view text) { txtLog->append(text); }
+void frmMain::appendText(std::string_view text) {
+    txtLog->append(text);
+}
 
 void frmMain::flashReport(game::Alert alert) {
     txtLog->showAlert(alert);
@@ -278,11 +283,12 @@ void frmMain::UnloadAllForms() {
 }
 
 bool frmMain::goOnAfterSaveQuestion() {
-    switch (m_desktop.show(this, {.text = QStringLiteral("Do you want to save the current game?   "),
-                                  .icon = Icon::Exclamation,
-                                  .buttons = {Answer::Yes, Answer::No, Answer::Cancel},
-                                  .byDefault = Answer::Yes,
-                                  .onEscape = Answer::Cancel})) {
+    switch (
+        m_desktop.show(this, {.text = QStringLiteral("Do you want to save the current game?   "),
+                              .icon = Icon::Exclamation,
+                              .buttons = {Answer::Yes, Answer::No, Answer::Cancel},
+                              .byDefault = Answer::Yes,
+                              .onEscape = Answer::Cancel})) {
         case Answer::Yes:
             saveGame(*this);
             return true;

@@ -10,7 +10,9 @@ namespace ui {
 namespace {
 
 /// A line break is two characters in the report and one in the view.
-QString shown(std::string_view text) { return fromRules(text).remove(u'\r'); }
+QString shown(std::string_view text) {
+    return fromRules(text).remove(u'\r');
+}
 
 }  // namespace
 
@@ -60,7 +62,9 @@ void LogView::showAlert(game::Alert alert) {
     setColours(alert == game::Alert::Misfortune ? Qt::red : Qt::cyan, Qt::black);
 }
 
-void LogView::showCalm() { setColours(Qt::black, QColor(0xE6, 0xE1, 0xD3)); }
+void LogView::showCalm() {
+    setColours(Qt::black, QColor(0xE6, 0xE1, 0xD3));
+}
 
 void LogView::insertAtEnd(std::string_view text) {
     QTextCursor end(document());

@@ -21,7 +21,9 @@ QAction* addItem(QMenu* menu, const QString& name, const QString& caption,
     return item;
 }
 
-void addSeparator(QMenu* menu, const QString& name) { menu->addSeparator()->setObjectName(name); }
+void addSeparator(QMenu* menu, const QString& name) {
+    menu->addSeparator()->setObjectName(name);
+}
 
 }  // namespace
 
@@ -53,8 +55,7 @@ Menus::Menus(QMenuBar* bar)
     connect(addItem(m_help, QStringLiteral("mnuHelpItem"), QStringLiteral("&Help"), Qt::Key_F1),
             &QAction::triggered, this, &Menus::help);
     addSeparator(m_help, QStringLiteral("mnuItemSeperator2"));
-    connect(addItem(m_help, QStringLiteral("mnuItemUpdates"),
-                    QStringLiteral("&Check for Updates")),
+    connect(addItem(m_help, QStringLiteral("mnuItemUpdates"), QStringLiteral("&Check for Updates")),
             &QAction::triggered, this, &Menus::checkForUpdates);
     connect(addItem(m_help, QStringLiteral("mnuAboutItem"), QStringLiteral("&About Zhenbao")),
             &QAction::triggered, this, &Menus::about);
@@ -74,6 +75,8 @@ void Menus::setOpen(bool open) {
     }
 }
 
-bool Menus::moneyLenderBug() const { return mnuMoneyItem->isChecked(); }
+bool Menus::moneyLenderBug() const {
+    return mnuMoneyItem->isChecked();
+}
 
 }  // namespace ui

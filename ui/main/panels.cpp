@@ -39,8 +39,12 @@ GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, con
     return displays;
 }
 
-QString nothing() { return QStringLiteral("0"); }
-QString noMoney() { return money(0); }
+QString nothing() {
+    return QStringLiteral("0");
+}
+QString noMoney() {
+    return money(0);
+}
 
 }  // namespace
 
@@ -49,15 +53,14 @@ HousePanel::HousePanel() {
     setTitle(QStringLiteral("House of Zhenbao, Hong Kong"));
 
     auto* grid = new QGridLayout(this);
-    grid->addWidget(
-        makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0, 0, 1, 2,
-        Qt::AlignCenter);
+    grid->addWidget(makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0,
+                    0, 1, 2, Qt::AlignCenter);
     grid->addWidget(makeLabel(QStringLiteral("lblShip"), QStringLiteral("- Ship -")), 0, 2, 1, 2,
                     Qt::AlignCenter);
     m_warehouse = addGoods(grid, 1, 0, u'W', nothing());
     m_ship = addGoods(grid, 1, 2, u'S', nothing());
-    txtCannons = addRow(grid, 1, 4, QStringLiteral("Cannons:"), QStringLiteral("Cannons"),
-                        nothing());
+    txtCannons =
+        addRow(grid, 1, 4, QStringLiteral("Cannons:"), QStringLiteral("Cannons"), nothing());
     txtCash = addRow(grid, 2, 4, QStringLiteral("Cash:"), QStringLiteral("Cash"), noMoney());
     txtDebt = addRow(grid, 3, 4, QStringLiteral("Debt:"), QStringLiteral("Debt"), noMoney());
     txtBank = addRow(grid, 4, 4, QStringLiteral("Bank:"), QStringLiteral("Bank"), noMoney());
@@ -141,8 +144,7 @@ OrdersPanel::OrdersPanel() {
     setTitle(QStringLiteral("Orders"));
     auto* column = new QVBoxLayout(this);
     for (const Row& row : rows) {
-        auto* button =
-            makeButton(QString::fromLatin1(row.name), QString::fromLatin1(row.caption));
+        auto* button = makeButton(QString::fromLatin1(row.name), QString::fromLatin1(row.caption));
         button->setEnabled(false);
         connect(button, &QPushButton::clicked, this,
                 [this, order = row.order] { emit given(order); });
