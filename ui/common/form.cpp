@@ -13,6 +13,9 @@ Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Esca
     : QDialog(mainForm.window()), m_mainForm(mainForm), m_escape(escape) {
     setObjectName(name);
     setWindowTitle(caption);
+    // Of a fixed size, so with nothing to minimise or maximise in its frame.
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
 }
 
 void Form::placeAt(int left, int top) {

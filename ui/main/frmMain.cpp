@@ -71,9 +71,9 @@ QWidget* frmMain::makeClient() {
     fraHouse = new HousePanel;
     fraPrices = new PricesPanel;
     fraStatus = new GaugePanel(QStringLiteral("fraStatus"), QStringLiteral("prgStatus"),
-                               QStringLiteral("Ship's Status - 100%"));
+                               QStringLiteral("Ship's Status - 100%"), 100, 100);
     fraHold = new GaugePanel(QStringLiteral("fraHold"), QStringLiteral("prgHold"),
-                             QStringLiteral("Ship's Hold - 0 of 60"));
+                             QStringLiteral("Ship's Hold - 0 of 60"), 0, 60);
     fraOrders = new OrdersPanel;
     auto* fraLog = makeFrame(QStringLiteral("fraLog"), QStringLiteral("Comprador's Report"));
     txtLog = new LogView;
@@ -231,6 +231,7 @@ void frmMain::cmdLeave_Click() {
     if (!m_state.gblnActiveGame) {
         open<frmNew>(*this);
     }
+    fraOrders->focusOrder(game::Order::Leave);  // the passage took the focus from all orders
 }
 
 void frmMain::cmdCannon_Click() {

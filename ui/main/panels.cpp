@@ -107,11 +107,14 @@ void PricesPanel::show(const game::GameState& state) {
     }
 }
 
-GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& title)
+GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
+                       int maximum)
     : m_bar(makeNamed<QProgressBar>(barName)) {
     setObjectName(name);
     setTitle(title);
     m_bar->setTextVisible(false);
+    m_bar->setMaximum(maximum);
+    m_bar->setValue(value);
     (new QVBoxLayout(this))->addWidget(m_bar);
 }
 
@@ -156,6 +159,10 @@ OrdersPanel::OrdersPanel() {
 
 void OrdersPanel::setOrderEnabled(game::Order order, bool enabled) {
     m_buttons.at(order)->setEnabled(enabled);
+}
+
+void OrdersPanel::focusOrder(game::Order order) {
+    m_buttons.at(order)->setFocus();
 }
 
 }  // namespace ui

@@ -49,7 +49,8 @@ private:
 /// A titled bar: the ship's condition, the hold in use.
 class GaugePanel final : public QGroupBox {
 public:
-    GaugePanel(const QString& name, const QString& barName, const QString& title);
+    GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
+               int maximum);
 
     /// Shows `value` of `maximum`; figures beyond the bar's range stop at its ends.
     void show(const QString& title, game::Currency value, game::Currency maximum);
@@ -66,6 +67,8 @@ public:
     OrdersPanel();
 
     void setOrderEnabled(game::Order order, bool enabled);
+    /// Lets the keyboard go on from the button of `order`.
+    void focusOrder(game::Order order);
 
 signals:
     void given(game::Order order);
