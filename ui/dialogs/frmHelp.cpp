@@ -1,0 +1,90 @@
+#include "frmHelp.h"
+
+#include <QFile>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QHBoxLayout>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QVBoxLayout>
+#include <array>
+
+#include "controls.h"
+#include "fonts.h"
+#include "main_form.h"
+
+namespace ui {
+
+namespace {
+
+QFont sized(QFont font) {
+    font.setPointSize(8);
+    font.setBold(false);
+    return font;
+}
+
+QFont proseFont() {
+    return sized(fontOf({QStringLiteral("MS Sans Serif")}, QFont()));
+}
+
+/// Every character as wide as any other: the instructions are drawn in columns.
+QFont screenFont() {
+    return sized(fontOf({QStringLiteral("Terminal"), QStringLiteral("DejaVu Sans Mono")},
+                        QFontDatabase::systemFont(QFontDatabase::FixedFont)));
+}
+
+QString readAsset(const QString& name) {
+    QFile file(QStringLiteral(":/") + name);
+    file.open(QIODevice::ReadOnly);
+    return QString::fromUtf8(file.readAll());
+}
+
+}  // namespace
+
+struct frmHelp::Page {
+    const char* button;
+    const char* buttonCaption;
+    const char* frameCaption;
+    QFont (*font)();
+    const char* asset;
+};
+
+frmHelp::frmHelp(MainForm& mainForm)
+    : Form(mainForm, QStringLiteral("frmHelp"), QStringLiteral("Zhenbao Help")),
+      fraContent(makeFrame(QStringLiteral("fraContent"), {})),
+      txtDisplay(makeNamed<QPlainTextEdit>(QStringLiteral("txtDisplay"))) {
+    static constexpr std::array<Page, 4> pages{{
+        {"cmdIntroduction", "Introduction", "Introduction ", proseFont, "introduction.txt"},
+        {"cmdIntructions", "Original Instructions", "Original Instuctions ", screenFont,
+         "instructions.txt"},
+        {"cmdHints", "Hints", "Hints ", proseFont, "hints.txt"},
+        {"cmdMoney", "Money Lender Bug", "Money Lender Bug ", proseFont, "money_lender_bug.txt"},
+    }};
+
+    txtDisplay->setReadOnly(true);
+    txtDisplay->setTabChangesFocus(true);
+    txtDisplay->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    auto* content = new QVBoxLayout(fraContent);
+    content->addWidget(txtDisplay);
+
+    auto* buttons = new QHBoxLayout;
+    for (const Page& page : pages) {
+        auto* button =
+            makeButton(QString::fromLatin1(page.button), QString::fromLatin1(page.buttonCaption));
+        connect(button, &QPushButton::clicked, this, [this, &page] { showPage(page); });
+        buttons->addWidget(button);
+    }
+    auto* rows = new QVBoxLayout(this);
+    rows->addLayout(buttons);
+    rows->addWidget(fraContent);
+
+    showPage(pages.front());
+}
+
+void frmHelp::showPage(const Page& page) {
+    showTitle(fraContent, QString::fromLatin1(page.frameCaption));
+    txtDisplay->setFont(page.font());
+    txtDisplay->setPlainText(readAsset(QString::fromLatin1(page.asset)));
+}
+
+}  // namespace ui

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "form.h"
+
+class QGroupBox;
+class QPlainTextEdit;
+
+namespace ui {
+
+/// Four texts to read, one at a time.
+class frmHelp final : public Form {
+public:
+    explicit frmHelp(MainForm& mainForm);
+
+private:
+    struct Page;
+
+    void showPage(const Page& page);
+
+    QGroupBox* fraContent;
+    QPlainTextEdit* txtDisplay;
+};
+
+}  // namespace ui
