@@ -1,1 +1,26 @@
-int main() { return 0; }
+#include <QApplication>
+#include <chrono>
+
+#include "frmMain.h"
+#include "qt_desktop.h"
+
+namespace {
+
+/// The time since midnight with its fraction of a second: the seed of the generator.
+std::uint64_t timeSinceMidnight() {
+    const auto now = std::chrono::system_clock::now();
+    return static_cast<std::uint64_t>((now - std::chrono::floor<std::chrono::days>(now)).count());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    QApplication::setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
+
+    ui::QtDesktop desktop;
+    game::Generator generator(timeSinceMidnight());
+    ui::frmMain mainForm(desktop, generator);
+    mainForm.show();
+    return QApplication::exec();
+}

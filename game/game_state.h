@@ -51,7 +51,7 @@ struct GameState {
 
 using Field = Currency GameState::*;
 
-enum class Good : std::size_t { Opium, Silk, Arms, General };
+enum class Good { Opium, Silk, Arms, General };
 
 struct GoodRow {
     Good good;

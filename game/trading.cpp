@@ -45,7 +45,7 @@ Refusal refuseBuying(const GameState& state, const TradeOrder& order) {
         return insufficientFunds;
     }
     if (total(order.amounts) > freeRoom(state, order.place)) {
-        return order.place == Place::Ship ? insufficientHold : insufficientStorage;
+        return insufficientRoom(order.place);
     }
     return std::nullopt;
 }

@@ -20,6 +20,11 @@ inline constexpr std::string_view insufficientCargo = "Insufficient Cargo   ";
 inline constexpr std::string_view insufficientStorage =
     "Insufficient Storage Space, Warehouse Limited to 10,000 units   ";
 
+/// What refuses goods that do not fit at `place`.
+[[nodiscard]] constexpr std::string_view insufficientRoom(Place place) {
+    return place == Place::Ship ? insufficientHold : insufficientStorage;
+}
+
 /// The most of `good` that cash and room allow once the order's other goods have had their
 /// share; what the order asks of `good` itself does not count. Never below 0.
 [[nodiscard]] Currency mostToBuy(const GameState& state, const TradeOrder& order, Good good);

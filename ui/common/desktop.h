@@ -11,6 +11,7 @@ class QWidget;
 namespace ui {
 
 inline const QString programName = QStringLiteral("Zhenbao");
+inline const QString refusalTitle = QStringLiteral("Sorry");
 
 enum class Icon { Information, Question, Exclamation, Stop };
 enum class Answer { Ok, Yes, No, Cancel };

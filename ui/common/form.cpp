@@ -4,6 +4,7 @@
 #include <QLayout>
 
 #include "main_form.h"
+#include "text.h"
 #include "twips.h"
 
 namespace ui {
@@ -12,6 +13,9 @@ Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Esca
     : QDialog(mainForm.window()), m_mainForm(mainForm), m_escape(escape) {
     setObjectName(name);
     setWindowTitle(caption);
+    // Of a fixed size, so with nothing to minimise or maximise in its frame.
+    setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                   Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
 }
 
 void Form::placeAt(int left, int top) {
@@ -32,6 +36,19 @@ void Form::keyPressEvent(QKeyEvent* event) {
 void GameForm::done(int result) {
     QDialog::done(result);
     mainForm().UpdateMainForm();
+}
+
+bool GameForm::refused(const game::Refusal& refusal) {
+    if (refusal) {
+        mainForm().desktop().inform(this, fromRules(*refusal), refusalTitle);
+    }
+    return refusal.has_value();
+}
+
+void GameForm::report(const std::vector<std::string>& messages) {
+    for (const std::string& message : messages) {
+        mainForm().appendEntry(message);
+    }
 }
 
 }  // namespace ui

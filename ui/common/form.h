@@ -1,6 +1,10 @@
 #pragma once
 
 #include <QDialog>
+#include <string>
+#include <vector>
+
+#include "game_state.h"
 
 namespace ui {
 
@@ -35,6 +39,12 @@ public:
     using Form::Form;
 
     void done(int result) override;
+
+protected:
+    /// Tells the player where an order is refused; false where it may be carried out.
+    [[nodiscard]] bool refused(const game::Refusal& refusal);
+    /// Enters what an order did into the report.
+    void report(const std::vector<std::string>& messages);
 };
 
 }  // namespace ui

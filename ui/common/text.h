@@ -19,6 +19,8 @@ namespace ui {
 [[nodiscard]] inline QString money(game::Currency amount) {
     return fromRules(game::moneyText(amount));
 }
+/// Characters of the longest sum a field shows without clipping: twelve digits and a minus sign.
+inline constexpr int longestMoney = 17;
 /// Plain digits.
 [[nodiscard]] inline QString plain(game::Currency amount) {
     return fromRules(game::plainText(amount));

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <string>
+
+#include "game_state.h"
+
+namespace game {
+
+/// The bank takes all the cash there is and gives back all it keeps, without a fee.
+[[nodiscard]] Currency mostToDeposit(const GameState& state);
+[[nodiscard]] Currency mostToWithdraw(const GameState& state);
+
+/// Refuses to move more than there is.
+[[nodiscard]] Refusal refuseDeposit(const GameState& state, Currency amount);
+[[nodiscard]] Refusal refuseWithdrawal(const GameState& state, Currency amount);
+
+/// Moves the money and gives back the message.
+[[nodiscard]] std::string deposit(GameState& state, Currency amount);
+[[nodiscard]] std::string withdraw(GameState& state, Currency amount);
+
+}  // namespace game

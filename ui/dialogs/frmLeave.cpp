@@ -1,0 +1,100 @@
+#include "frmLeave.h"
+
+#include <QBoxLayout>
+
+#include "controls.h"
+#include "frmPirate.h"
+#include "main_form.h"
+#include "text.h"
+#include "voyage.h"
+
+namespace ui {
+
+namespace {
+
+/// The voyage as the main window shows it.
+class VoyageOnMainForm final : public game::VoyageScene {
+public:
+    explicit VoyageOnMainForm(MainForm& mainForm) : m_mainForm(mainForm) {}
+
+    void appendEntry(std::string_view message, std::string_view continuation) override {
+        m_mainForm.appendEntry(message, continuation);
+    }
+    void appendText(std::string_view text) override { m_mainForm.appendText(text); }
+    void flash(game::Alert alert) override { m_mainForm.flashReport(alert); }
+    void wait(game::Milliseconds duration) override { m_mainForm.desktop().wait(duration); }
+    void setOrderEnabled(game::Order order, bool enabled) override {
+        m_mainForm.setOrderEnabled(order, enabled);
+    }
+    void setAtSea(bool atSea) override { m_mainForm.setAtSea(atSea); }
+    bool ask(std::string_view text, std::string_view title) override {
+        return m_mainForm.desktop().confirm(m_mainForm.window(), fromRules(text), fromRules(title),
+                                            Icon::Question);
+    }
+    void inform(std::string_view text, std::string_view title) override {
+        m_mainForm.desktop().inform(m_mainForm.window(), fromRules(text), fromRules(title));
+    }
+    void showBattle() override {
+        frmPirate form{m_mainForm};
+        form.exec();
+    }
+
+private:
+    MainForm& m_mainForm;
+};
+
+}  // namespace
+
+frmLeave::frmLeave(MainForm& mainForm)
+    : GameForm(mainForm, QStringLiteral("frmLeave"), QStringLiteral("Leave Port")) {
+    auto* fraDestination =
+        makeFrame(QStringLiteral("fraDestination"), QStringLiteral("Choose Destination "));
+    auto* options = new QVBoxLayout(fraDestination);
+    const std::string& location = mainForm.state().gstrLocation;
+    const std::string_view proposed = game::proposedPort(mainForm.random(), location);
+    for (std::size_t port = 0; port < m_ports.size(); ++port) {
+        const QString caption = fromRules(game::ports.at(port));
+        auto* option = makeOption(QStringLiteral("opt") + QString{caption}.remove(u' '), caption);
+        option->setEnabled(game::ports.at(port) != location);
+        option->setChecked(game::ports.at(port) == proposed);
+        options->addWidget(option);
+        m_ports.at(port) = option;
+    }
+
+    auto* cmdDepart = makeButton(QStringLiteral("cmdDepart"), QStringLiteral("Depart"));
+    auto* cmdCancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
+    cmdDepart->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdDepart);
+    buttons->addWidget(cmdCancel);
+
+    auto* rows = new QVBoxLayout(this);
+    rows->addWidget(fraDestination);
+    rows->addLayout(buttons);
+    fixSize(2850, 3450);
+
+    connect(cmdDepart, &QPushButton::clicked, this, &frmLeave::cmdDepart_Click);
+    connect(cmdCancel, &QPushButton::clicked, this, &frmLeave::reject);
+}
+
+std::string_view frmLeave::destination() const {
+    std::size_t port = 0;
+    while (!m_ports.at(port)->isChecked()) {
+        ++port;
+    }
+    return game::ports.at(port);
+}
+
+void frmLeave::cmdDepart_Click() {
+    const std::string_view port = destination();
+    // The dialog makes way for the report. With it goes its hold on the main window, which
+    // therefore closes itself to orders until the ship has arrived.
+    mainForm().setUnderWay(true);
+    hide();
+    VoyageOnMainForm scene{mainForm()};
+    game::sail(mainForm().state(), mainForm().random(), scene, port);
+    mainForm().setUnderWay(false);
+    accept();
+}
+
+}  // namespace ui

@@ -1,0 +1,81 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include "main_form.h"
+
+namespace ui {
+
+class GaugePanel;
+class HousePanel;
+class LogView;
+class Menus;
+class OrdersPanel;
+class PricesPanel;
+
+/// The program's one window: owns the record of the game, shows all of it and takes the orders.
+class frmMain final : public QMainWindow, public MainForm {
+public:
+    frmMain(Desktop& desktop, game::Random& random);
+
+    QWidget* window() override { return this; }
+    game::GameState& state() override { return m_state; }
+    game::Random& random() override { return m_random; }
+    Desktop& desktop() override { return m_desktop; }
+    [[nodiscard]] bool moneyLenderBug() const override;
+
+    void UpdateMainForm() override;
+    void beginGame(std::string_view message) override;
+    using MainForm::appendEntry;
+    void appendEntry(std::string_view message, std::string_view continuation) override;
+    void appendText(std::string_view text) override;
+    void flashReport(game::Alert alert) override;
+    void setOrderEnabled(game::Order order, bool enabled) override;
+    void setUnderWay(bool underWay) override;
+    void setAtSea(bool atSea) override;
+    void previewStatus(game::Currency percent) override;
+
+    /// Closes every other window of the program.
+    void UnloadAllForms();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    [[nodiscard]] QWidget* makeClient();
+    void connectMenus();
+
+    void enableOrdersOfPort();
+    void showState();
+    void announceFortune();
+
+    void giveOrder(game::Order order);
+    void cmdLeave_Click();
+    void cmdCannon_Click();
+    void cmdShip_Click();
+    /// Buys what was offered under `order`, or tells why not and lets the offer stand.
+    void buyOffer(game::Order order, const game::Refusal& refusal,
+                  std::string (*buy)(game::GameState&));
+    void mnuNewItem_Click();
+    void mnuLoadItem_Click();
+
+    /// Asks whether to save the game in play, and saves it; false where the player cancels.
+    [[nodiscard]] bool goOnAfterSaveQuestion();
+    /// A game is in play that would be lost.
+    [[nodiscard]] bool hasUnsavedChanges() const;
+
+    Desktop& m_desktop;
+    game::Random& m_random;
+    game::GameState m_state;
+    bool m_underWay = false;
+
+    Menus* m_menus;
+    HousePanel* fraHouse;
+    PricesPanel* fraPrices;
+    GaugePanel* fraStatus;
+    GaugePanel* fraHold;
+    OrdersPanel* fraOrders;
+    LogView* txtLog;
+};
+
+}  // namespace ui

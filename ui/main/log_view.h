@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QPlainTextEdit>
+
+#include "report.h"
+#include "voyage_scene.h"
+
+namespace ui {
+
+/// Shows the comprador's report and follows its text: what is added, what falls off the front.
+class LogView final : public QPlainTextEdit {
+public:
+    LogView();
+
+    [[nodiscard]] const game::Report& report() const { return m_report; }
+
+    void open(const game::GameDate& date, std::string_view message);
+    void addEntry(const game::GameDate& date, std::string_view message,
+                  std::string_view continuation);
+    /// Text behind the last entry. A player who looks further up is left there.
+    void append(std::string_view text);
+    /// Cuts the report to its length and shows its end.
+    void refresh();
+
+    /// Background and text in the colours of an alert, or in the usual ones.
+    void showAlert(game::Alert alert);
+    void showCalm();
+
+private:
+    void insertAtEnd(std::string_view text);
+    void showEnd();
+    void setColours(const QColor& background, const QColor& text);
+
+    game::Report m_report;
+};
+
+}  // namespace ui

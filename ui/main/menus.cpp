@@ -1,0 +1,82 @@
+#include "menus.h"
+
+#include <QAction>
+#include <QMenuBar>
+
+namespace ui {
+
+namespace {
+
+QMenu* addMenu(QMenuBar* bar, const QString& name, const QString& caption) {
+    QMenu* menu = bar->addMenu(caption);
+    menu->setObjectName(name);
+    return menu;
+}
+
+QAction* addItem(QMenu* menu, const QString& name, const QString& caption,
+                 const QKeySequence& shortcut = {}) {
+    QAction* item = menu->addAction(caption);
+    item->setObjectName(name);
+    item->setShortcut(shortcut);
+    return item;
+}
+
+void addSeparator(QMenu* menu, const QString& name) {
+    menu->addSeparator()->setObjectName(name);
+}
+
+}  // namespace
+
+Menus::Menus(QMenuBar* bar)
+    : QObject(bar),
+      m_file(addMenu(bar, QStringLiteral("mnuFile"), QStringLiteral("&File"))),
+      m_options(addMenu(bar, QStringLiteral("mnuOptions"), QStringLiteral("&Options"))),
+      m_help(addMenu(bar, QStringLiteral("mnuHelp"), QStringLiteral("&Help"))) {
+    connect(addItem(m_file, QStringLiteral("mnuNewItem"), QStringLiteral("&New Game"),
+                    Qt::CTRL | Qt::Key_N),
+            &QAction::triggered, this, &Menus::newGame);
+    connect(addItem(m_file, QStringLiteral("mnuLoadItem"), QStringLiteral("&Load Game..."),
+                    Qt::CTRL | Qt::Key_L),
+            &QAction::triggered, this, &Menus::loadGame);
+    mnuSaveItem = addItem(m_file, QStringLiteral("mnuSaveItem"), QStringLiteral("&Save Game..."),
+                          Qt::CTRL | Qt::Key_S);
+    connect(mnuSaveItem, &QAction::triggered, this, &Menus::saveGame);
+    addSeparator(m_file, QStringLiteral("mnuItemSeparator1"));
+    connect(addItem(m_file, QStringLiteral("mnuExitItem"), QStringLiteral("E&xit")),
+            &QAction::triggered, this, &Menus::exit);
+
+    mnuMoneyItem = addItem(m_options, QStringLiteral("mnuMoneyItem"),
+                           QStringLiteral("Enable Money Lender Bug"));
+    mnuMoneyItem->setCheckable(true);
+    mnuStatsItem =
+        addItem(m_options, QStringLiteral("mnuStatsItem"), QStringLiteral("Display Statistics"));
+    connect(mnuStatsItem, &QAction::triggered, this, &Menus::statistics);
+
+    connect(addItem(m_help, QStringLiteral("mnuHelpItem"), QStringLiteral("&Help"), Qt::Key_F1),
+            &QAction::triggered, this, &Menus::help);
+    addSeparator(m_help, QStringLiteral("mnuItemSeperator2"));
+    connect(addItem(m_help, QStringLiteral("mnuItemUpdates"), QStringLiteral("&Check for Updates")),
+            &QAction::triggered, this, &Menus::checkForUpdates);
+    connect(addItem(m_help, QStringLiteral("mnuAboutItem"), QStringLiteral("&About Zhenbao")),
+            &QAction::triggered, this, &Menus::about);
+
+    mnuSaveItem->setEnabled(false);
+    mnuStatsItem->setEnabled(false);
+}
+
+void Menus::enableGameItems() {
+    mnuSaveItem->setEnabled(true);
+    mnuStatsItem->setEnabled(true);
+}
+
+void Menus::setOpen(bool open) {
+    for (QMenu* menu : {m_file, m_options, m_help}) {
+        menu->menuAction()->setEnabled(open);
+    }
+}
+
+bool Menus::moneyLenderBug() const {
+    return mnuMoneyItem->isChecked();
+}
+
+}  // namespace ui

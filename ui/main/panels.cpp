@@ -1,0 +1,168 @@
+#include "panels.h"
+
+#include <QGridLayout>
+#include <QProgressBar>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "controls.h"
+#include "text.h"
+
+namespace ui {
+
+namespace {
+
+constexpr qsizetype longestFirmShown = 60;  ///< characters; the game itself allows 24
+
+/// A label and a display, one below the other, in two columns of `grid` from `column` on.
+QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& caption,
+                  const QString& name, const QString& text) {
+    auto* display = makeDisplay(QStringLiteral("txt") + name);
+    auto* label = makeLabel(QStringLiteral("lbl") + name, caption);
+    label->setBuddy(display);
+    display->setText(text);
+    display->setAlignment(Qt::AlignRight);
+    display->setMinimumWidth(display->fontMetrics().horizontalAdvance(u'0') * 8);
+    grid->addWidget(label, line, column);
+    grid->addWidget(display, line, column + 1);
+    return display;
+}
+
+/// A row for each good from `line` on; `prefix` tells the displays of one column from another's.
+GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const QString& text) {
+    GoodDisplays displays{};
+    for (const game::GoodRow& good : game::goods) {
+        const QString name = fromRules(good.name);
+        displays.at(game::index(good.good)) =
+            addRow(grid, line++, column, name + QStringLiteral(":"), prefix + name, text);
+    }
+    return displays;
+}
+
+QString nothing() {
+    return QStringLiteral("0");
+}
+QString noMoney() {
+    return money(0);
+}
+
+}  // namespace
+
+HousePanel::HousePanel() {
+    setObjectName(QStringLiteral("fraHouse"));
+    setTitle(QStringLiteral("House of Zhenbao, Hong Kong"));
+
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0,
+                    0, 1, 2, Qt::AlignCenter);
+    grid->addWidget(makeLabel(QStringLiteral("lblShip"), QStringLiteral("- Ship -")), 0, 2, 1, 2,
+                    Qt::AlignCenter);
+    m_warehouse = addGoods(grid, 1, 0, u'W', nothing());
+    m_ship = addGoods(grid, 1, 2, u'S', nothing());
+    txtCannons =
+        addRow(grid, 1, 4, QStringLiteral("Cannons:"), QStringLiteral("Cannons"), nothing());
+    txtCash = addRow(grid, 2, 4, QStringLiteral("Cash:"), QStringLiteral("Cash"), noMoney());
+    txtDebt = addRow(grid, 3, 4, QStringLiteral("Debt:"), QStringLiteral("Debt"), noMoney());
+    txtBank = addRow(grid, 4, 4, QStringLiteral("Bank:"), QStringLiteral("Bank"), noMoney());
+    grid->setColumnStretch(1, 2);
+    grid->setColumnStretch(3, 2);
+    grid->setColumnStretch(5, 3);
+}
+
+void HousePanel::showFirm(const QString& firm) {
+    QString name = firm;
+    if (name.size() > longestFirmShown) {
+        name = name.left(longestFirmShown) + QStringLiteral("…");
+    }
+    showTitle(this, QStringLiteral("House of ") + name + QStringLiteral(", Hong Kong "));
+}
+
+void HousePanel::show(const game::GameState& state) {
+    for (const game::GoodRow& good : game::goods) {
+        showText(m_ship.at(game::index(good.good)), plain(state.*good.ship));
+        showText(m_warehouse.at(game::index(good.good)), plain(state.*good.warehouse));
+    }
+    showText(txtCash, money(state.gcurCash));
+    showText(txtCannons, plain(state.gcurCannons));
+    showText(txtBank, money(state.gcurBank));
+    showText(txtDebt, money(state.gcurDebt));
+}
+
+PricesPanel::PricesPanel() {
+    setObjectName(QStringLiteral("fraPrices"));
+    setTitle(QStringLiteral("Prices at Hong Kong"));
+
+    auto* grid = new QGridLayout(this);
+    txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"),
+                     fromRules(game::dateText(game::firstDay)));
+    m_prices = addGoods(grid, 1, 0, u'P', noMoney());
+    grid->setColumnStretch(1, 1);
+}
+
+void PricesPanel::show(const game::GameState& state) {
+    showTitle(this, QStringLiteral("Prices at ") + fromRules(state.gstrLocation) + u' ');
+    showText(txtDate, fromRules(game::dateText(state.gdtmDate)));
+    for (const game::GoodRow& good : game::goods) {
+        showText(m_prices.at(game::index(good.good)), money(state.*good.price));
+    }
+}
+
+GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
+                       int maximum)
+    : m_bar(makeNamed<QProgressBar>(barName)) {
+    setObjectName(name);
+    setTitle(title);
+    m_bar->setTextVisible(false);
+    m_bar->setMaximum(maximum);
+    m_bar->setValue(value);
+    (new QVBoxLayout(this))->addWidget(m_bar);
+}
+
+void GaugePanel::show(const QString& title, game::Currency value, game::Currency maximum) {
+    showTitle(this, title);
+    const int most = std::max(maximum.toInt(), 1);
+    m_bar->setMaximum(most);
+    m_bar->setValue(std::clamp(value.toInt(), 0, most));
+}
+
+OrdersPanel::OrdersPanel() {
+    using game::Order;
+    struct Row {
+        Order order;
+        const char* name;
+        const char* caption;
+    };
+    static constexpr std::array<Row, game::orders.size()> rows{{
+        {Order::Buy, "cmdBuy", "Buy Merchandice"},
+        {Order::Sell, "cmdSell", "Sell Merchandice"},
+        {Order::Leave, "cmdLeave", "Leave Port"},
+        {Order::Visit, "cmdVisit", "Visit Bank"},
+        {Order::Money, "cmdMoney", "Money Lender"},
+        {Order::Transfer, "cmdTransfer", "Transfer Cargo"},
+        {Order::Cannon, "cmdCannon", "Buy Cannon"},
+        {Order::Repair, "cmdRepair", "Repair Ship"},
+        {Order::Ship, "cmdShip", "Buy Ship"},
+    }};
+    setObjectName(QStringLiteral("fraOrders"));
+    setTitle(QStringLiteral("Orders"));
+    auto* column = new QVBoxLayout(this);
+    for (const Row& row : rows) {
+        auto* button = makeButton(QString::fromLatin1(row.name), QString::fromLatin1(row.caption));
+        button->setEnabled(false);
+        connect(button, &QPushButton::clicked, this,
+                [this, order = row.order] { emit given(order); });
+        m_buttons.emplace(row.order, button);
+        column->addWidget(button);
+    }
+    column->addStretch();
+}
+
+void OrdersPanel::setOrderEnabled(game::Order order, bool enabled) {
+    m_buttons.at(order)->setEnabled(enabled);
+}
+
+void OrdersPanel::focusOrder(game::Order order) {
+    m_buttons.at(order)->setFocus();
+}
+
+}  // namespace ui

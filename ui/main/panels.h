@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QGroupBox>
+#include <array>
+#include <map>
+
+#include "game_state.h"
+#include "orders.h"
+
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+
+namespace ui {
+
+/// A display for each good.
+using GoodDisplays = std::array<QLineEdit*, game::goods.size()>;
+
+/// What the house owns and owes: warehouse, ship and money.
+class HousePanel final : public QGroupBox {
+public:
+    HousePanel();
+
+    /// The firm's name as it stands; an absurdly long one is cut.
+    void showFirm(const QString& firm);
+    void show(const game::GameState& state);
+
+private:
+    GoodDisplays m_warehouse;
+    GoodDisplays m_ship;
+    QLineEdit* txtCannons;
+    QLineEdit* txtCash;
+    QLineEdit* txtDebt;
+    QLineEdit* txtBank;
+};
+
+/// The four prices of the port, and the date.
+class PricesPanel final : public QGroupBox {
+public:
+    PricesPanel();
+
+    void show(const game::GameState& state);
+
+private:
+    GoodDisplays m_prices;
+    QLineEdit* txtDate;
+};
+
+/// A titled bar: the ship's condition, the hold in use.
+class GaugePanel final : public QGroupBox {
+public:
+    GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
+               int maximum);
+
+    /// Shows `value` of `maximum`; figures beyond the bar's range stop at its ends.
+    void show(const QString& title, game::Currency value, game::Currency maximum);
+
+private:
+    QProgressBar* m_bar;
+};
+
+/// The nine orders.
+class OrdersPanel final : public QGroupBox {
+    Q_OBJECT
+
+public:
+    OrdersPanel();
+
+    void setOrderEnabled(game::Order order, bool enabled);
+    /// Lets the keyboard go on from the button of `order`.
+    void focusOrder(game::Order order);
+
+signals:
+    void given(game::Order order);
+
+private:
+    std::map<game::Order, QPushButton*> m_buttons;
+};
+
+}  // namespace ui
