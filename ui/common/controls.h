@@ -27,9 +27,17 @@ template <class Control, class... Arguments>
 [[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
     return makeNamed<QRadioButton>(name, caption);
 }
-/// A button that Enter presses only where a dialog makes it the default one.
+/// A button that Enter presses only where a dialog makes it the default one. Without this some
+/// desktops would press whichever button has the focus.
+class Button final : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+};
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
-    auto* button = makeNamed<QPushButton>(name, caption);
+    auto* button = makeNamed<Button>(name, caption);
     button->setAutoDefault(false);
     return button;
 }

@@ -7,6 +7,7 @@
 #include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QVBoxLayout>
+#include <QtMath>
 #include <array>
 
 #include "controls.h"
@@ -31,6 +32,15 @@ QFont proseFont() {
 QFont screenFont() {
     return sized(fontOf({QStringLiteral("Terminal"), QStringLiteral("DejaVu Sans Mono")},
                         QFontDatabase::systemFont(QFontDatabase::FixedFont)));
+}
+
+/// Room for the 40 columns of the instructions, a scroll bar beside them, and 24 lines.
+QSize sizeOfScreen(const QPlainTextEdit& display) {
+    const QFontMetrics metrics(screenFont());
+    const int border = 2 * (display.frameWidth() + qCeil(display.document()->documentMargin()));
+    return {metrics.horizontalAdvance(QString(40, QLatin1Char('M'))) +
+                display.verticalScrollBar()->sizeHint().width() + border,
+            24 * metrics.lineSpacing() + border};
 }
 
 QString readAsset(const QString& name) {
@@ -63,7 +73,7 @@ frmHelp::frmHelp(MainForm& mainForm)
 
     txtDisplay->setReadOnly(true);
     txtDisplay->setTabChangesFocus(true);
-    txtDisplay->setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
+    txtDisplay->setMinimumSize(sizeOfScreen(*txtDisplay));
     auto* content = new QVBoxLayout(fraContent);
     content->addWidget(txtDisplay);
 

@@ -32,13 +32,17 @@ QString timeTrading(const game::GameDate& date) {
            (months == 1 ? QStringLiteral(" Month") : QStringLiteral(" Months"));
 }
 
+void addRow(QGridLayout* rows, QLabel* name, QLabel* value) {
+    const int row = rows->rowCount();
+    rows->addWidget(name, row, 0);
+    rows->addWidget(value, row, 1, Qt::AlignRight);
+}
+
 QGroupBox* makeLegend() {
     auto* fraLegend = makeFrame(QStringLiteral("fraLegend"), QStringLiteral("Legend"));
     auto* rows = new QGridLayout(fraLegend);
     for (const game::RankRow& rank : game::ranks) {
-        const int row = rows->rowCount();
-        rows->addWidget(makeLabel({}, fromRules(rank.name)), row, 0);
-        rows->addWidget(makeLabel({}, fromRules(rank.points)), row, 1, Qt::AlignRight);
+        addRow(rows, makeLabel({}, fromRules(rank.name)), makeLabel({}, fromRules(rank.points)));
     }
     return fraLegend;
 }
@@ -58,7 +62,6 @@ frmStats::frmStats(MainForm& mainForm, Occasion occasion)
     rows->addWidget(makeStatistics());
     rows->addWidget(makeLegend());
     rows->addLayout(buttons);
-    rows->setSizeConstraint(QLayout::SetFixedSize);
 
     connect(cmdRetire, &QPushButton::clicked, this, &frmStats::cmdRetire_Click);
     connect(cmdOK, &QPushButton::clicked, this, &frmStats::accept);
@@ -66,6 +69,10 @@ frmStats::frmStats(MainForm& mainForm, Occasion occasion)
     cmdRetire->setEnabled(game::mayRetire(mainForm.state()));
     cmdOK->setEnabled(occasion != Occasion::Trillionaire);
     cmdOK->setDefault(true);
+    if (!cmdOK->isEnabled()) {
+        setFocus();  // on Retire a stray press of the space bar would end the program
+    }
+    fixSize(4'200, 5'400);
     placeAt(2'800, 1'030);
 }
 
@@ -88,11 +95,9 @@ QGroupBox* frmStats::makeStatistics() const {
     auto* fraRank = makeFrame(QStringLiteral("fraRank"), QStringLiteral("Statistics"));
     auto* rows = new QGridLayout(fraRank);
     for (const Row& row : statistics) {
-        const int line = rows->rowCount();
         const QString name = QStringLiteral("lbl") + row.name;
-        rows->addWidget(makeLabel(name, row.label), line, 0);
-        rows->addWidget(makeLabel(name + QStringLiteral("Value"), row.value), line, 1,
-                        Qt::AlignRight);
+        addRow(rows, makeLabel(name, row.label),
+               makeLabel(name + QStringLiteral("Value"), row.value));
     }
     return fraRank;
 }
