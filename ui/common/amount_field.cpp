@@ -69,7 +69,7 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
     if (watched == lineEdit()) {
         switch (event->type()) {
             case QEvent::KeyPress:
-                return discards(static_cast<QKeyEvent*>(event)->text());
+                return discards(*static_cast<QKeyEvent*>(event));
             case QEvent::InputMethod:
                 return discards(static_cast<QInputMethodEvent*>(event)->commitString());
             case QEvent::MouseButtonRelease:
@@ -82,6 +82,17 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QComboBox::eventFilter(watched, event);
+}
+
+bool AmountField::discards(const QKeyEvent& key) {
+    if (key.matches(QKeySequence::Paste)) {
+        emit keyTyped();
+        return false;
+    }
+    // A shortcut such as Ctrl+1 has a character and types none; with Alt, Ctrl may be AltGr.
+    const bool shortcut = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) ==
+                          Qt::KeyboardModifiers{Qt::ControlModifier};
+    return !shortcut && discards(key.text());
 }
 
 bool AmountField::discards(const QString& typed) {
@@ -101,7 +112,7 @@ bool AmountField::discards(const QString& typed) {
 }
 
 void AmountField::keyPressEvent(QKeyEvent* event) {
-    if (discards(event->text())) {
+    if (discards(*event)) {
         return;
     }
     const bool opensList = event->modifiers() == Qt::AltModifier && event->key() == Qt::Key_Down;
