@@ -33,6 +33,11 @@ protected:
     QString log() { return find<QPlainTextEdit>(mainForm, "txtLog")->toPlainText(); }
     QString title(const char* panel) { return find<QGroupBox>(mainForm, panel)->title(); }
 
+    void expectNoOrders() {
+        for (auto* order : find<QGroupBox>(mainForm, "fraOrders")->findChildren<QPushButton*>()) {
+            EXPECT_FALSE(order->isEnabled()) << order->objectName().toStdString();
+        }
+    }
     /// Goes on with a game that is not of the player's making.
     void play(const GameState& state) {
         mainForm.state() = state;
@@ -55,9 +60,7 @@ TEST_F(MainWindow, OffersNothingUntilAGameBegins) {
     EXPECT_EQ(title("fraStatus"), QStringLiteral("Ship's Status - 100%"));
     EXPECT_EQ(title("fraHold"), QStringLiteral("Ship's Hold - 0 of 60"));
     EXPECT_EQ(find<QLineEdit>(mainForm, "txtDate")->text(), QStringLiteral("Jan 15, 1860"));
-    for (const QPushButton* order : mainForm.findChildren<QPushButton*>()) {
-        EXPECT_FALSE(order->isEnabled()) << order->objectName().toStdString();
-    }
+    expectNoOrders();
     EXPECT_FALSE(find<QAction>(mainForm, "mnuSaveItem")->isEnabled());
     inNextDialog([](QDialog& form) { form.close(); });
     trigger("mnuNewItem");
@@ -124,9 +127,7 @@ TEST_F(MainWindow, TakesNoOrdersWhileTheShipIsAtSea) {
             return;
         }
         mainForm.UpdateMainForm();
-        for (const QPushButton* order : mainForm.findChildren<QPushButton*>()) {
-            EXPECT_FALSE(order->isEnabled()) << order->objectName().toStdString();
-        }
+        expectNoOrders();
         for (const auto key : {Qt::Key_N, Qt::Key_L, Qt::Key_S}) {
             QTest::keyClick(&mainForm, key, Qt::ControlModifier);
         }

@@ -26,9 +26,9 @@ TEST(AmountField, TakesDigitsOnlyAndKeepsItsTextWhenOpened) {
     field.setMaximum([] { return game::Currency{100}; });
     int picks = 0;
     QObject::connect(&field, &AmountField::entryPicked, [&] { ++picks; });
+    field.setEditText(QStringLiteral("0"));
     field.show();
     QApplication::setActiveWindow(&field);
-    field.setEditText(QStringLiteral("0"));
     QTest::mouseClick(field.lineEdit(), Qt::LeftButton);
     QTest::keyClicks(&field, QStringLiteral("2a-. 5,"));
     EXPECT_EQ(field.currentText(), QStringLiteral("25")) << "typing replaced the 0";

@@ -72,6 +72,10 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
                 return discards(*static_cast<QKeyEvent*>(event));
             case QEvent::InputMethod:
                 return discards(static_cast<QInputMethodEvent*>(event)->commitString());
+            case QEvent::MouseButtonPress:
+                // A click into a text that is selected whole, as after Tab, keeps it so.
+                m_selectOnRelease |= lineEdit()->selectedText() == lineEdit()->text();
+                break;
             case QEvent::MouseButtonRelease:
                 if (std::exchange(m_selectOnRelease, false) && !lineEdit()->hasSelectedText()) {
                     lineEdit()->selectAll();
