@@ -1,12 +1,16 @@
 #include "frmAbout.h"
 
+#include <QGridLayout>
+#include <QGuiApplication>
 #include <QHBoxLayout>
+#include <QPalette>
 #include <QPixmap>
 #include <QUrl>
 #include <QVBoxLayout>
 
 #include "controls.h"
 #include "main_form.h"
+#include "twips.h"
 
 namespace ui {
 
@@ -16,9 +20,29 @@ const QString homePage = QStringLiteral("https://zhenbao.example/");
 const QString supportAddress = QStringLiteral("support@zhenbao.example");
 const QString supportSubject = QStringLiteral("Zhenbao for Windows v1.10");
 
-/// A link for mouse and keyboard. It asks to be opened and opens nothing itself.
+/// The painting, sharp on a screen with `ratio` dots to the pixel.
+QPixmap ship(qreal ratio) {
+    constexpr QSize size{200, 160};
+    const QPixmap painting(ratio > 1 ? QStringLiteral(":/ship@2x.png")
+                                     : QStringLiteral(":/ship.png"));
+    QPixmap fitted = painting.scaled(size * ratio, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    fitted.setDevicePixelRatio(ratio);
+    return fitted;
+}
+
+/// The desktop's colour of links, or of text where a dark desktop leaves its links dark, too.
+QColor linkColour() {
+    const QPalette palette = QGuiApplication::palette();
+    const QColor link = palette.color(QPalette::Link);
+    const QColor window = palette.color(QPalette::Window);
+    const bool standsOut = qAbs(qGray(link.rgb()) - qGray(window.rgb())) > 64;
+    return standsOut ? link : palette.color(QPalette::WindowText);
+}
+
+/// A link for mouse and keyboard that asks to be opened and opens nothing itself.
 QLabel* makeLink(const QString& name, const QString& caption) {
-    auto* link = makeNamed<QLabel>(name, QStringLiteral("<a href=\"#\">%1</a>").arg(caption));
+    const QString markup = QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>");
+    auto* link = makeNamed<QLabel>(name, markup.arg(linkColour().name(), caption));
     link->setTextFormat(Qt::RichText);
     link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     return link;
@@ -34,7 +58,8 @@ void writeToSupport(Desktop& desktop) {
 frmAbout::frmAbout(MainForm& mainForm)
     : Form(mainForm, QStringLiteral("frmAbout"), QStringLiteral("About Zhenbao for Windows")) {
     auto* picShip = makeNamed<QLabel>(QStringLiteral("PicShip"));
-    picShip->setPixmap(QPixmap(QStringLiteral(":/ship.png")));
+    picShip->setPixmap(ship(devicePixelRatio()));
+    picShip->setAccessibleName(QStringLiteral("A sailing ship"));
     auto* lblVersion = makeLabel(QStringLiteral("lblVersion"),
                                  QStringLiteral("Zhenbao for Windows v" ZHENBAO_VERSION
                                                 "\nWritten by the Zhenbao maintainers"));
@@ -45,16 +70,28 @@ frmAbout::frmAbout(MainForm& mainForm)
     auto* lblContact = makeLink(QStringLiteral("lblContact"), supportAddress);
     auto* cmdOK = makeButton(QStringLiteral("cmdOK"), QStringLiteral("OK"));
 
+    // The links stand beside the last two lines of the credit.
+    auto* links = new QVBoxLayout;
+    links->setSpacing(0);
+    links->setContentsMargins(fontMetrics().horizontalAdvance(QStringLiteral("Support:  ")), 0, 0,
+                              0);
+    links->addStretch();
+    links->addWidget(lblHomepage);
+    links->addWidget(lblContact);
+    auto* credit = new QGridLayout;
+    credit->addWidget(lblCredit, 0, 0);
+    credit->addLayout(links, 0, 0);
+
     auto* texts = new QVBoxLayout;
     texts->addWidget(lblVersion);
-    texts->addWidget(lblCredit);
-    texts->addWidget(lblHomepage);
-    texts->addWidget(lblContact);
+    texts->addSpacing(pixels(180));
+    texts->addLayout(credit);
+    texts->addStretch();
     texts->addWidget(cmdOK, 0, Qt::AlignRight);
     auto* columns = new QHBoxLayout(this);
     columns->addWidget(picShip);
+    columns->addSpacing(pixels(120));
     columns->addLayout(texts);
-    columns->setSizeConstraint(QLayout::SetFixedSize);
 
     Desktop& desktop = mainForm.desktop();
     connect(lblHomepage, &QLabel::linkActivated, this, [&desktop] { openHomePage(desktop); });
@@ -63,6 +100,7 @@ frmAbout::frmAbout(MainForm& mainForm)
 
     cmdOK->setDefault(true);
     cmdOK->setFocus();
+    fixSize(7'500, 2'700);
     placeAt(2'100, 1'600);
 }
 

@@ -89,6 +89,7 @@ frmHelp::frmHelp(MainForm& mainForm)
     rows->addWidget(fraContent);
 
     showPage(pages.front());
+    fixSize(6'900, 5'700);
 }
 
 void frmHelp::showPage(const Page& page) {
