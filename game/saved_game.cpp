@@ -79,18 +79,28 @@ bool read(std::string_view value, bool& flag) {
     return flag || value == no;
 }
 
+/// Where the first comma outside double quotes is, if there is one.
+std::size_t findPartingComma(std::string_view line) {
+    std::ptrdiff_t quotes = 0;
+    std::size_t comma = line.find(',');
+    for (std::size_t start = 0; comma != line.npos; comma = line.find(',', start)) {
+        quotes += std::ranges::count(line.substr(start, comma - start), '"');
+        if (quotes % 2 == 0) {
+            break;
+        }
+        start = comma + 1;
+    }
+    return comma;
+}
+
 /// Takes the next value off the front of `text`; behind the last one there are only empty ones.
 std::string_view takeValue(std::string_view& text) {
-    bool quoted = false;
-    std::size_t end = 0;
-    for (; end < text.size() && text[end] != '\n' && (quoted || text[end] != ','); ++end) {
-        quoted ^= text[end] == '"';
-    }
-    std::string_view value = text.substr(0, end);
+    const std::string_view line = text.substr(0, text.find('\n'));
+    std::string_view value = line.substr(0, findPartingComma(line));
+    text.remove_prefix(std::min(value.size() + 1, text.size()));
     if (value.ends_with('\r')) {
         value.remove_suffix(1);
     }
-    text.remove_prefix(std::min(end + 1, text.size()));
     return value;
 }
 

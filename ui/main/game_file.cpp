@@ -47,6 +47,18 @@ QFileInfo behindLinks(const QString& path) {
     return QFileInfo(file);
 }
 
+/// A write may stop half way; only the next one then tells why.
+[[nodiscard]] bool writeAll(QIODevice& file, QByteArrayView bytes) {
+    while (!bytes.isEmpty()) {
+        const qint64 written = file.write(bytes.data(), bytes.size());
+        if (written <= 0) {
+            return false;
+        }
+        bytes = bytes.sliced(written);
+    }
+    return true;
+}
+
 std::string decoded(const std::string& bytes) {
     const QByteArrayView view(bytes.data(), static_cast<qsizetype>(bytes.size()));
     using Flag = QStringDecoder::Flag;
@@ -91,8 +103,8 @@ void writeGameFile(const QString& path, const GameState& state) {
     const QFileInfo target = behindLinks(path);
     requireRegularFile(target);
     QSaveFile file(target.filePath());
-    // A commit alone would take a full disk for a success.
-    if (!file.open(QIODevice::WriteOnly) || file.write(bytes) != bytes.size() || !file.flush() ||
+    // Without a buffer, since a commit would take for a success what fails in emptying it.
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
         !file.commit()) {
         throw FileError{file.errorString()};
     }
