@@ -56,12 +56,5 @@ void showText(Control* control, const QString& text) {
         control->setText(text);
     }
 }
-/// The same for a panel's title, which is shown as it stands: "&" marks no access key.
-inline void showTitle(QGroupBox* panel, QString title) {
-    title.replace(QLatin1Char('&'), QLatin1String("&&"));
-    if (panel->title() != title) {
-        panel->setTitle(title);
-    }
-}
 
 }  // namespace ui

@@ -93,7 +93,7 @@ frmHelp::frmHelp(MainForm& mainForm)
 }
 
 void frmHelp::showPage(const Page& page) {
-    showTitle(fraContent, QString::fromLatin1(page.frameCaption));
+    fraContent->setTitle(QString::fromLatin1(page.frameCaption));
     txtDisplay->setFont(page.font());
     txtDisplay->setPlainText(readAsset(QString::fromLatin1(page.asset)));
 }

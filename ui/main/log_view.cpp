@@ -67,6 +67,12 @@ void LogView::showCalm() {
 }
 
 void LogView::insertAtEnd(std::string_view text) {
+    if (text.size() > game::Report::longest) {
+        // Out of an absurd file: nobody could wait for millions of letters to be laid out.
+        (void)m_report.trim();
+        setPlainText(shown(m_report.text()));
+        return;
+    }
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
     end.insertText(shown(text));

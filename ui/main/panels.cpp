@@ -12,7 +12,7 @@ namespace ui {
 
 namespace {
 
-constexpr qsizetype longestFirmShown = 60;  ///< characters; the game itself allows 24
+constexpr qsizetype longestTitle = 200;  ///< characters; a title of the game has a quarter
 
 /// A label and a display, one below the other, in two columns of `grid` from `column` on.
 QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& caption,
@@ -48,10 +48,33 @@ QString noMoney() {
 
 }  // namespace
 
-HousePanel::HousePanel() {
-    setObjectName(QStringLiteral("fraHouse"));
-    setTitle(QStringLiteral("House of Zhenbao, Hong Kong"));
+Panel::Panel(const QString& name, const QString& title) {
+    setObjectName(name);
+    showTitle(title);
+}
 
+void Panel::showTitle(const QString& title) {
+    if (m_title == title) {
+        return;
+    }
+    m_title = title;
+    QString shown = title.left(longestTitle);
+    for (QChar& character : shown) {
+        const QChar::Category category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph) {
+            character = u' ';
+        }
+    }
+    setTitle(shown.replace(u'&', QStringLiteral("&&")));
+}
+
+QSize Panel::minimumSizeHint() const {
+    return {layout()->totalMinimumSize().width(), QGroupBox::minimumSizeHint().height()};
+}
+
+HousePanel::HousePanel()
+    : Panel(QStringLiteral("fraHouse"), QStringLiteral("House of Zhenbao, Hong Kong")) {
     auto* grid = new QGridLayout(this);
     grid->addWidget(makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0,
                     0, 1, 2, Qt::AlignCenter);
@@ -70,11 +93,7 @@ HousePanel::HousePanel() {
 }
 
 void HousePanel::showFirm(const QString& firm) {
-    QString name = firm;
-    if (name.size() > longestFirmShown) {
-        name = name.left(longestFirmShown) + QStringLiteral("…");
-    }
-    showTitle(this, QStringLiteral("House of ") + name + QStringLiteral(", Hong Kong "));
+    showTitle(QStringLiteral("House of ") + firm + QStringLiteral(", Hong Kong "));
 }
 
 void HousePanel::show(const game::GameState& state) {
@@ -88,10 +107,8 @@ void HousePanel::show(const game::GameState& state) {
     showText(txtDebt, money(state.gcurDebt));
 }
 
-PricesPanel::PricesPanel() {
-    setObjectName(QStringLiteral("fraPrices"));
-    setTitle(QStringLiteral("Prices at Hong Kong"));
-
+PricesPanel::PricesPanel()
+    : Panel(QStringLiteral("fraPrices"), QStringLiteral("Prices at Hong Kong")) {
     auto* grid = new QGridLayout(this);
     txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"),
                      fromRules(game::dateText(game::firstDay)));
@@ -100,7 +117,7 @@ PricesPanel::PricesPanel() {
 }
 
 void PricesPanel::show(const game::GameState& state) {
-    showTitle(this, QStringLiteral("Prices at ") + fromRules(state.gstrLocation) + u' ');
+    showTitle(QStringLiteral("Prices at ") + fromRules(state.gstrLocation) + u' ');
     showText(txtDate, fromRules(game::dateText(state.gdtmDate)));
     for (const game::GoodRow& good : game::goods) {
         showText(m_prices.at(game::index(good.good)), money(state.*good.price));
@@ -109,9 +126,7 @@ void PricesPanel::show(const game::GameState& state) {
 
 GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
                        int maximum)
-    : m_bar(makeNamed<QProgressBar>(barName)) {
-    setObjectName(name);
-    setTitle(title);
+    : Panel(name, title), m_bar(makeNamed<QProgressBar>(barName)) {
     m_bar->setTextVisible(false);
     m_bar->setMaximum(maximum);
     m_bar->setValue(value);
@@ -119,13 +134,13 @@ GaugePanel::GaugePanel(const QString& name, const QString& barName, const QStrin
 }
 
 void GaugePanel::show(const QString& title, game::Currency value, game::Currency maximum) {
-    showTitle(this, title);
+    showTitle(title);
     const int most = std::max(maximum.toInt(), 1);
     m_bar->setMaximum(most);
     m_bar->setValue(std::clamp(value.toInt(), 0, most));
 }
 
-OrdersPanel::OrdersPanel() {
+OrdersPanel::OrdersPanel() : Panel(QStringLiteral("fraOrders"), QStringLiteral("Orders")) {
     using game::Order;
     struct Row {
         Order order;
@@ -143,8 +158,6 @@ OrdersPanel::OrdersPanel() {
         {Order::Repair, "cmdRepair", "Repair Ship"},
         {Order::Ship, "cmdShip", "Buy Ship"},
     }};
-    setObjectName(QStringLiteral("fraOrders"));
-    setTitle(QStringLiteral("Orders"));
     auto* column = new QVBoxLayout(this);
     for (const Row& row : rows) {
         auto* button = makeButton(QString::fromLatin1(row.name), QString::fromLatin1(row.caption));

@@ -16,12 +16,24 @@ namespace ui {
 /// A display for each good.
 using GoodDisplays = std::array<QLineEdit*, game::goods.size()>;
 
+/// A titled panel whose title comes from the game and its files: shown as it stands, never as
+/// markup, on one line, and never a reason for the window to grow.
+class Panel : public QGroupBox {
+public:
+    Panel(const QString& name, const QString& title);
+
+    void showTitle(const QString& title);
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
+private:
+    QString m_title;
+};
+
 /// What the house owns and owes: warehouse, ship and money.
-class HousePanel final : public QGroupBox {
+class HousePanel final : public Panel {
 public:
     HousePanel();
 
-    /// The firm's name as it stands; an absurdly long one is cut.
     void showFirm(const QString& firm);
     void show(const game::GameState& state);
 
@@ -35,7 +47,7 @@ private:
 };
 
 /// The four prices of the port, and the date.
-class PricesPanel final : public QGroupBox {
+class PricesPanel final : public Panel {
 public:
     PricesPanel();
 
@@ -47,7 +59,7 @@ private:
 };
 
 /// A titled bar: the ship's condition, the hold in use.
-class GaugePanel final : public QGroupBox {
+class GaugePanel final : public Panel {
 public:
     GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
                int maximum);
@@ -60,7 +72,7 @@ private:
 };
 
 /// The nine orders.
-class OrdersPanel final : public QGroupBox {
+class OrdersPanel final : public Panel {
     Q_OBJECT
 
 public:
