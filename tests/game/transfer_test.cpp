@@ -29,40 +29,19 @@ TEST(Transfer, RefusesWhatIsNotThereThenWhatDoesNotFit) {
         state.gcurSOpium = state.gcurHold = 61;
         state.gcurWArms = 10'001;
     };
+    using enum game::Good;
+    using game::insufficientCargo, game::insufficientHold, game::insufficientStorage;
+    const std::string endless(30, '9');
     for (const Case& c : {
-             Case{"the whole stock", silkAshore, {.toShip = {Good::Silk, "30"}}, {}},
-             Case{"one unit more",
-                  silkAshore,
-                  {.toShip = {Good::Silk, "31"}},
-                  game::insufficientCargo},
-             Case{"another good",
-                  silkAshore,
-                  {.toShip = {Good::Arms, "1"}},
-                  game::insufficientCargo},
-             Case{"more digits than an amount holds",
-                  silkAshore,
-                  {.toWarehouse = {Good::Silk, "999999999999999999999999999999"}},
-                  game::insufficientCargo},
-             Case{"goods that leave make no room",
-                  fullShip,
-                  {{Good::Silk, "10"}, {Good::Opium, "10"}},
-                  game::insufficientHold},
-             Case{"stock before room",
-                  fullShip,
-                  {{Good::Silk, "11"}, {Good::Opium, "61"}},
-                  game::insufficientCargo},
-             Case{"the last room ashore",
-                  nearlyFullWarehouse,
-                  {.toWarehouse = {Good::Opium, "10"}},
-                  {}},
-             Case{"one unit too many ashore",
-                  nearlyFullWarehouse,
-                  {.toWarehouse = {Good::Opium, "11"}},
-                  game::insufficientStorage},
-             Case{"an overfull hold refuses all",
-                  overfull,
-                  {.toWarehouse = {Good::Opium, "1"}},
-                  game::insufficientHold},
+             Case{"whole stock", silkAshore, {{Silk, "30"}, {}}, {}},
+             Case{"one more", silkAshore, {{Silk, "31"}, {}}, insufficientCargo},
+             Case{"other good", silkAshore, {{Arms, "1"}, {}}, insufficientCargo},
+             Case{"30 digits", silkAshore, {{}, {Silk, endless}}, insufficientCargo},
+             Case{"leaving", fullShip, {{Silk, "10"}, {Opium, "10"}}, insufficientHold},
+             Case{"stock first", fullShip, {{Silk, "11"}, {Opium, "61"}}, insufficientCargo},
+             Case{"last room", nearlyFullWarehouse, {{}, {Opium, "10"}}, {}},
+             Case{"no room", nearlyFullWarehouse, {{}, {Opium, "11"}}, insufficientStorage},
+             Case{"overfull", overfull, {{}, {Opium, "1"}}, insufficientHold},
          }) {
         EXPECT_EQ(game::refuseTransfer(test::newGameWith(c.change), c.order), c.refusal) << c.name;
     }

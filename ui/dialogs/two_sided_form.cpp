@@ -43,7 +43,7 @@ TwoSidedForm::Row TwoSidedForm::makeRow(const Side& side) {
 }
 
 void TwoSidedForm::connectSides(const Row& row, const Row& other) {
-    const auto enableOther = [this, other](bool enabled) {
+    const auto enableOther = [other](bool enabled) {
         other.label->setEnabled(enabled);
         other.field->setEnabled(enabled);
     };
