@@ -86,7 +86,7 @@ GameState armed(int cannons, int silk = 0) {
     return test::newGameWith([=](GameState& state) {
         state.gcurCannons = cannons;
         state.gcurSSilk = silk;
-        state.gcurHold = cannons * 10 + silk;
+        state.gcurHold = game::holdPerCannon * cannons + silk;
     });
 }
 

@@ -52,7 +52,7 @@ void FleetView::sink(int picture, const std::function<void()>& afterStep) {
     QLabel* ship = m_pictures.at(static_cast<std::size_t>(picture));
     for (int sunk = sinkingStep; sunk <= shipSide; sunk += sinkingStep) {
         ship->setGeometry(placeOf(picture, sunk));
-        repaint(placeOf(picture, 0));
+        update(placeOf(picture, 0));
         afterStep();
     }
 }

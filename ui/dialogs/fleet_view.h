@@ -17,7 +17,8 @@ public:
 
     /// Shows exactly the first `ships` pictures.
     void showShips(int ships);
-    /// The picture slides down behind its own bottom edge in 48 painted steps.
+    /// The picture slides down behind its own bottom edge in 48 steps, each painted as soon as
+    /// `afterStep` lets the window handle its events.
     void sink(int picture, const std::function<void()>& afterStep);
     void setColour(const QColor& colour);
 
