@@ -17,8 +17,8 @@ struct Load {
 
 /// What is to go aboard and what ashore. Neither makes room for the other.
 struct TransferOrder {
-    Load toShip;
-    Load toWarehouse;
+    Load toShip{};
+    Load toWarehouse{};
 };
 
 /// The most of `good` that can be moved to `destination`: the stock at the other place or the

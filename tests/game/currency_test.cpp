@@ -2,25 +2,93 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <limits>
 
 using game::Currency;
 
+namespace {
+
+constexpr Currency decimal(std::int64_t tenThousandths) {
+    return Currency::fromTenThousandths(tenThousandths);
+}
+constexpr Currency highest = Currency::highest();
+constexpr Currency lowest = Currency::lowest();
+
 TEST(Currency, WritesMoneyInWholeDollars) {
     struct Case {
-        std::int64_t tenThousandths;
+        Currency amount;
         const char* text;
     };
     for (const Case& c : {Case{0, "$0"},
-                          {4'999, "$0"},
-                          {5'000, "$1"},
-                          {-4'000, "$0"},
-                          {-5'000, "-$1"},
-                          {9'999'999, "$1,000"},
-                          {-46'000'000, "-$4,600"},
-                          {12'345'678'900'000, "$1,234,567,890"},
-                          {Currency::highest().tenThousandths(), "$922,337,203,685,478"},
-                          {Currency::lowest().tenThousandths(), "-$922,337,203,685,478"}}) {
-        EXPECT_EQ(game::moneyText(Currency::fromTenThousandths(c.tenThousandths)), c.text);
+                          {decimal(4'999), "$0"},
+                          {decimal(5'000), "$1"},
+                          {decimal(-4'000), "$0"},
+                          {decimal(-5'000), "-$1"},
+                          {999, "$999"},
+                          {decimal(9'999'999), "$1,000"},
+                          {-4'600, "-$4,600"},
+                          {1'234'567'890, "$1,234,567,890"},
+                          {highest, "$922,337,203,685,478"},
+                          {lowest, "-$922,337,203,685,478"}}) {
+        EXPECT_EQ(game::moneyText(c.amount), c.text);
     }
 }
+
+TEST(Currency, ReadsWhatItWrites) {
+    struct Case {
+        Currency amount;
+        const char* text;
+    };
+    for (const Case& c : {Case{0, "0"},
+                          {5'000, "5000"},
+                          {decimal(12'345'000), "1234.5"},
+                          {decimal(-122'500), "-12.25"},
+                          {decimal(1), "0.0001"},
+                          {decimal(-9'999), "-0.9999"},
+                          {highest, "922337203685477.5807"},
+                          {lowest, "-922337203685477.5808"}}) {
+        EXPECT_EQ(game::plainText(c.amount), c.text);
+        EXPECT_EQ(game::readDecimal(c.text), c.amount) << c.text;
+    }
+}
+
+TEST(Currency, ReadsDecimalsExactlyOrNotAtAll) {
+    EXPECT_EQ(game::readDecimal("007"), Currency{7});
+    EXPECT_EQ(game::readDecimal("-0"), Currency{0});
+    EXPECT_EQ(game::readDecimal("1.00005"), decimal(10'001));
+    EXPECT_EQ(game::readDecimal("-1.00004999"), decimal(-10'000));
+    for (const char* text :
+         {"", "-", "+5", "5.", ".5", "1e3", " 5", "5 ", "0x10", "inf", "nan", "1,000", "--1", "1-",
+          "1.2.3", "922337203685477.5808", "-922337203685477.5809", "922337203685477.58075",
+          "99999999999999999999999999999999999999999999"}) {
+        EXPECT_EQ(game::readDecimal(text), std::nullopt) << text;
+    }
+}
+
+TEST(Currency, StopsAtItsEndsInsteadOfWrapping) {
+    EXPECT_EQ(highest + 1, highest);
+    EXPECT_EQ(lowest - 1, lowest);
+    EXPECT_EQ(-lowest, highest);
+    EXPECT_EQ(highest * 2, highest);
+    EXPECT_EQ(highest * -2, lowest);
+    EXPECT_EQ(Currency{std::numeric_limits<std::int64_t>::max()}, highest);
+    EXPECT_EQ(highest.toInt(), std::numeric_limits<int>::max());
+    EXPECT_EQ(lowest.toInt(), std::numeric_limits<int>::min());
+    EXPECT_EQ(game::Int(std::numeric_limits<double>::infinity()), highest);
+    EXPECT_EQ(game::Int(-1e300), lowest);
+    EXPECT_EQ(game::Int(std::nan("")), Currency{0});
+}
+
+TEST(Currency, RoundsProductsAndFloorsQuotients) {
+    EXPECT_EQ(decimal(15'000) * decimal(15'000), decimal(22'500));
+    EXPECT_EQ(decimal(1) * decimal(5'000), decimal(1));
+    EXPECT_EQ(decimal(-1) * decimal(5'000), decimal(-1));
+    EXPECT_EQ(decimal(1) * decimal(4'999), Currency{0});
+    EXPECT_EQ(game::Int(-0.5), Currency{-1});
+    EXPECT_EQ(game::wholeTimes(-50, 100), Currency{-1});
+    EXPECT_EQ(game::wholeTimes(5'000, 600), Currency{8});
+    EXPECT_EQ(game::wholeTimes(5'000, 0), Currency{0});
+}
+
+}  // namespace

@@ -69,9 +69,13 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
     if (watched == lineEdit()) {
         switch (event->type()) {
             case QEvent::KeyPress:
-                return discards(static_cast<QKeyEvent*>(event)->text());
+                return discards(*static_cast<QKeyEvent*>(event));
             case QEvent::InputMethod:
                 return discards(static_cast<QInputMethodEvent*>(event)->commitString());
+            case QEvent::MouseButtonPress:
+                // A click into a text that is selected whole, as after Tab, keeps it so.
+                m_selectOnRelease |= lineEdit()->selectedText() == lineEdit()->text();
+                break;
             case QEvent::MouseButtonRelease:
                 if (std::exchange(m_selectOnRelease, false) && !lineEdit()->hasSelectedText()) {
                     lineEdit()->selectAll();
@@ -82,6 +86,17 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
         }
     }
     return QComboBox::eventFilter(watched, event);
+}
+
+bool AmountField::discards(const QKeyEvent& key) {
+    if (key.matches(QKeySequence::Paste)) {
+        emit keyTyped();
+        return false;
+    }
+    // A shortcut such as Ctrl+1 has a character and types none; with Alt, Ctrl may be AltGr.
+    const bool shortcut = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) ==
+                          Qt::KeyboardModifiers{Qt::ControlModifier};
+    return !shortcut && discards(key.text());
 }
 
 bool AmountField::discards(const QString& typed) {
@@ -101,7 +116,7 @@ bool AmountField::discards(const QString& typed) {
 }
 
 void AmountField::keyPressEvent(QKeyEvent* event) {
-    if (discards(event->text())) {
+    if (discards(*event)) {
         return;
     }
     const bool opensList = event->modifiers() == Qt::AltModifier && event->key() == Qt::Key_Down;

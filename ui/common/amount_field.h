@@ -36,7 +36,7 @@ public:
 signals:
     /// The list is about to be filled and opened.
     void dropDown();
-    /// A digit or Backspace is about to reach the text.
+    /// A key is about to change the text: a digit, Backspace or the one that pastes.
     void keyTyped();
     /// An entry was picked from the open list and is now the text.
     void entryPicked();
@@ -49,7 +49,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    /// Whether the typed text must not reach the field; says so where a typed key does reach it.
+    /// Whether what was typed must not reach the field; says so where a typed key does reach it.
+    [[nodiscard]] bool discards(const QKeyEvent& key);
     [[nodiscard]] bool discards(const QString& typed);
 
     Format m_format;

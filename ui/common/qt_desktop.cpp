@@ -1,8 +1,10 @@
 #include "qt_desktop.h"
 
 #include <QDesktopServices>
+#include <QFileDialog>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QSettings>
 #include <QUrl>
 #include <cstdlib>
 
@@ -63,12 +65,33 @@ Answer QtDesktop::show(QWidget* owner, const Box& box) {
     return box.onEscape;
 }
 
-QString QtDesktop::chooseFileToLoad(QWidget* /*owner*/) {
-    return {};
+QString QtDesktop::chooseFileToLoad(QWidget* owner) {
+    QFileDialog dialog(owner, QStringLiteral("Load Game"));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    return chooseFile(dialog);
 }
 
-QString QtDesktop::chooseFileToSave(QWidget* /*owner*/) {
-    return {};
+QString QtDesktop::chooseFileToSave(QWidget* owner) {
+    QFileDialog dialog(owner, QStringLiteral("Save Game"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    return chooseFile(dialog);
+}
+
+QString QtDesktop::chooseFile(QFileDialog& dialog) {
+    dialog.setObjectName(QStringLiteral("dlgFile"));
+    // The last brackets are the pattern, which is hidden: "All Files" needs no dot in their names.
+    dialog.setOption(QFileDialog::HideNameFilterDetails);
+    dialog.setNameFilters(
+        {QStringLiteral("Saved Game Files (*.zhb)(*.zhb)"), QStringLiteral("All Files (*.*)(*)")});
+    dialog.setDirectory(QFileInfo(m_lastFile).path());
+    dialog.selectFile(QFileInfo(m_lastFile).fileName());
+    // A file dialog keeps its history in the player's configuration, unless there is none.
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+    if (dialog.exec() != QDialog::Accepted) {
+        return {};
+    }
+    m_lastFile = dialog.selectedFiles().constFirst();
+    return m_lastFile;
 }
 
 void QtDesktop::openLink(const QUrl& link) {

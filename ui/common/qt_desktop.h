@@ -1,6 +1,10 @@
 #pragma once
 
+#include <QDir>
+
 #include "desktop.h"
+
+class QFileDialog;
 
 namespace ui {
 
@@ -13,6 +17,12 @@ public:
     void openLink(const QUrl& link) override;
     void wait(game::Milliseconds duration) override;
     [[noreturn]] void endProgram() override;
+
+private:
+    /// Shows the dialog where the last file was chosen.
+    [[nodiscard]] QString chooseFile(QFileDialog& dialog);
+
+    QString m_lastFile = QDir::homePath() + QLatin1Char('/');
 };
 
 }  // namespace ui

@@ -19,8 +19,10 @@ namespace ui {
 [[nodiscard]] inline QString money(game::Currency amount) {
     return fromRules(game::moneyText(amount));
 }
-/// Characters of the longest sum a field shows without clipping: twelve digits and a minus sign.
-inline constexpr int longestMoney = 17;
+/// Room in average letters for the longest amount that a field shows without clipping, twelve
+/// digits: -$999,999,999,999 with its narrow signs, and plain.
+inline constexpr int roomForMoney = 15;
+inline constexpr int roomForUnits = 12;
 /// Plain digits.
 [[nodiscard]] inline QString plain(game::Currency amount) {
     return fromRules(game::plainText(amount));

@@ -14,22 +14,29 @@ namespace {
 
 constexpr int longestFirm = 24;  ///< characters
 
-/// Keeps out of the firm's name what a saved game cannot hold: its own quotation mark and
-/// characters that are none.
+/// Keeps out of the firm's name what a saved game cannot hold, its own quotation mark, and makes
+/// blanks of line breaks and other characters that are none.
 class FirmValidator final : public QValidator {
 public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& position) const override {
         for (qsizetype at = input.size() - 1; at >= 0; --at) {
-            const QChar character = input.at(at);
-            if (character == QLatin1Char('"') || character.category() == QChar::Other_Control ||
-                character == QChar::LineSeparator || character == QChar::ParagraphSeparator) {
+            if (input.at(at) == u'"') {
                 input.remove(at, 1);
                 position -= at < position ? 1 : 0;
+            } else if (breaksLine(input.at(at))) {
+                input[at] = u' ';
             }
         }
         return Acceptable;
+    }
+
+private:
+    static bool breaksLine(QChar character) {
+        return character.category() == QChar::Other_Control ||
+               character.category() == QChar::Separator_Line ||
+               character.category() == QChar::Separator_Paragraph;
     }
 };
 

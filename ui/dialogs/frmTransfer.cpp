@@ -64,6 +64,7 @@ frmTransfer::Row frmTransfer::makeRow(const QString& goodName, const QString& am
     for (const game::GoodRow& good : game::goods) {
         row.good->addItem(fromRules(good.name));
     }
+    row.amount->setMinimumContentsLength(roomForUnits);
     row.amount->setMaximum([this, row, destination] {
         return game::mostToTransfer(mainForm().state(), destination, row.load().good);
     });

@@ -37,7 +37,7 @@ TwoSidedForm::Row TwoSidedForm::makeRow(const Side& side) {
     const Row row{makeLabel(QStringLiteral("lbl") + side.name, side.name + QStringLiteral(":")),
                   new AmountField(QStringLiteral("cbo") + side.name, money)};
     row.label->setBuddy(row.field);
-    row.field->setMinimumContentsLength(longestMoney);
+    row.field->setMinimumContentsLength(roomForMoney);
     row.field->setMaximum([this, most = side.most] { return most(mainForm().state()); });
     return row;
 }

@@ -1,0 +1,180 @@
+#include "trading.h"
+
+#include <gtest/gtest.h>
+
+#include "games.h"
+#include "purchases.h"
+
+using game::Currency;
+using game::GameState;
+using game::Good;
+using game::Place;
+using game::TradeOrder;
+
+namespace {
+
+TEST(NewGame, ResetsWhatWasAndKeepsPastOffersAndScore) {
+    GameState before;
+    for (const game::GoodRow& good : game::goods) {
+        before.*good.ship = before.*good.warehouse = before.*good.price = 9;
+    }
+    before.gcurBank = before.gcurDebt = before.gcurCash = before.gcurPayoff = 9;
+    before.gcurPCannon = before.gcurPShip = before.gcurRank = before.gcurNetWorth = 9;
+    before.gblnMillionaire = before.gblnGameOver = true;
+
+    GameState expected;
+    expected.gblnActiveGame = true;
+    expected.gdtmDate = game::firstDay;
+    expected.gstrFirm = "Heron";
+    expected.gstrLocation = "Hong Kong";
+    expected.gcurStatus = 100;
+    expected.gcurMaxHold = 60;
+    expected.gcurPCannon = expected.gcurPShip = expected.gcurRank = 9;
+    expected.gcurPOpium = 5'000;
+    expected.gcurPSilk = 2'500;
+    expected.gcurPArms = 50;
+    expected.gcurPGeneral = 25;
+    const auto started = [&](game::Scenario scenario) {
+        test::ScriptedRandom ends{test::lowestDraw, test::highestDraw, test::lowestDraw,
+                                  test::highestDraw};
+        GameState state = before;
+        game::startGame(state, ends, scenario, "Heron");
+        return state;
+    };
+
+    GameState cannons = expected;
+    cannons.gcurCannons = 5;
+    cannons.gcurHold = 50;
+    EXPECT_EQ(started(game::Scenario::Cannons), cannons);
+    expected.gcurCash = 400;
+    expected.gcurDebt = 5'000;
+    EXPECT_EQ(started(game::Scenario::CashAndDebt), expected);
+}
+
+/// Prices are 12,000, 1,100, 90 and 14; the hold has 60 units.
+struct BuyCase {
+    const char* name;
+    Currency cash;
+    TradeOrder order;
+    Currency hold = 0;
+    Currency warehouse = 0;
+    game::Refusal refusal = std::nullopt;
+};
+
+TEST(Buying, ChecksCashBeforeRoom) {
+    for (const BuyCase& c :
+         {BuyCase{"to the last dollar", 13'100, {Place::Ship, {1, 1, 0, 0}}},
+          {"a dollar short", 13'099, {Place::Ship, {1, 1, 0, 0}}, 0, 0, game::insufficientFunds},
+          {"hold exactly full", 1'000, {Place::Ship, {0, 0, 0, 10}}, 50},
+          {"hold a unit short", 1'000, {Place::Ship, {0, 0, 0, 11}}, 50, 0, game::insufficientHold},
+          {"both short", 0, {Place::Ship, {0, 0, 0, 61}}, 0, 0, game::insufficientFunds},
+          {"warehouse exactly full", 1'000, {Place::Warehouse, {0, 0, 0, 10}}, 60, 9'990},
+          {"warehouse a unit short",
+           1'000,
+           {Place::Warehouse, {0, 0, 0, 11}},
+           0,
+           9'990,
+           game::insufficientStorage},
+          {"beyond all numbers",
+           1'000,
+           {Place::Ship, {Currency::highest(), 0, 0, 0}},
+           0,
+           0,
+           game::insufficientFunds}}) {
+        SCOPED_TRACE(c.name);
+        GameState state = test::newGame();
+        state.gcurCash = c.cash;
+        state.gcurHold = c.hold;
+        state.gcurWSilk = c.warehouse;
+        EXPECT_EQ(game::refuseBuying(state, c.order), c.refusal);
+    }
+}
+
+TEST(Buying, OffersWhatTheOtherGoodsLeave) {
+    GameState state = test::newGame();
+    state.gcurCash = 25'000;
+    state.gcurHold = 50;
+    state.gcurWSilk = 9'995;
+    const auto most = [&](const game::PerGood& amounts, Good good, Place place = Place::Ship) {
+        return game::mostToBuy(state, {place, amounts}, good);
+    };
+    EXPECT_EQ(most({}, Good::Opium), 2);
+    EXPECT_EQ(most({99, 0, 0, 0}, Good::Opium), 2) << "what it asks of itself does not count";
+    EXPECT_EQ(most({0, 5, 0, 0}, Good::Opium), 1);
+    EXPECT_EQ(most({0, 50, 0, 0}, Good::Opium), 0) << "silk beyond the cash";
+    EXPECT_EQ(most({0, 0, 0, 4}, Good::Arms), 6) << "of the room";
+    EXPECT_EQ(most({}, Good::Arms, Place::Warehouse), 5);
+    state.gcurPOpium = 0;
+    EXPECT_EQ(most({}, Good::Opium), 0);
+}
+
+TEST(Trading, MovesStockHoldAndCashAndReportsEachGood) {
+    GameState state = test::newGame();
+    state.gcurCash = 200'000;
+    GameState expected = state;
+
+    expected.gcurSOpium = 10;
+    expected.gcurSArms = 5;
+    expected.gcurHold = 15;
+    expected.gcurCash = 200'000 - 10 * 12'000 - 5 * 90;
+    expected.gblnGameSaved = false;
+    EXPECT_EQ(game::buy(state, {Place::Ship, {10, 0, 5, 0}}),
+              (std::vector<std::string>{" - Bought 10 Opium @ $12,000 Each",
+                                        " - Bought 5 Arms @ $90 Each"}));
+    EXPECT_EQ(state, expected);
+
+    expected.gcurWSilk = 2;
+    expected.gcurCash -= 2'200;
+    EXPECT_EQ(game::buy(state, {Place::Warehouse, {0, 2, 0, 0}}).size(), 1U);
+    EXPECT_EQ(state, expected);
+
+    expected.gcurSOpium = 0;
+    expected.gcurHold = 5;
+    expected.gcurCash += 120'000;
+    EXPECT_EQ(game::sell(state, {Place::Ship, {10, 0, 0, 0}}, {"010", "0", "", "0"}),
+              std::vector<std::string>{" - Sold 010 Opium @ $12,000 Each"});
+    EXPECT_EQ(state, expected);
+
+    expected.gcurWSilk = 0;
+    expected.gcurCash += 2'200;
+    EXPECT_EQ(game::sell(state, {Place::Warehouse, {0, 2, 0, 0}}, {"", "2", "", ""}).size(), 1U);
+    EXPECT_EQ(state, expected);
+}
+
+TEST(Selling, RefusesMoreThanTheSourceHolds) {
+    GameState state = test::newGame();
+    state.gcurSArms = 5;
+    EXPECT_EQ(game::refuseSelling(state, {Place::Ship, {0, 0, 5, 0}}), std::nullopt);
+    EXPECT_EQ(game::refuseSelling(state, {Place::Ship, {1, 0, 6, 0}}), game::insufficientCargo);
+    EXPECT_EQ(game::refuseSelling(state, {Place::Warehouse, {0, 0, 1, 0}}),
+              game::insufficientCargo);
+}
+
+TEST(Purchases, CheckHoldBeforeCashAndGiveWhatWasOffered) {
+    GameState state = test::newGame();
+    state.gcurPCannon = state.gcurPShip = 1'000;
+    state.gcurHold = 51;
+    state.gcurCash = 999;
+    EXPECT_EQ(game::refuseCannon(state), "Insufficient Hold     ");
+    state.gcurHold = 50;
+    EXPECT_EQ(game::refuseCannon(state), "Insufficient Funds     ");
+    EXPECT_EQ(game::refuseShip(state), "Insufficient Funds     ");
+    state.gcurCash = 1'000;
+    EXPECT_EQ(game::refuseCannon(state), std::nullopt);
+    EXPECT_EQ(game::refuseShip(state), std::nullopt);
+
+    GameState expected = state;
+    expected.gcurCash = 0;
+    expected.gcurCannons = 1;
+    expected.gcurHold = 60;
+    EXPECT_EQ(game::buyCannon(state), " - Bought a New Cannon for $1,000");
+    EXPECT_EQ(state, expected);
+
+    state.gcurCash = 1'000;
+    state.gcurStatus = 40;
+    expected.gcurMaxHold = 110;
+    EXPECT_EQ(game::buyShip(state), " - Bought a New Ship for $1,000");
+    EXPECT_EQ(state, expected) << "undamaged, and still saved if it was";
+}
+
+}  // namespace
