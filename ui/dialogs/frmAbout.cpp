@@ -1,5 +1,6 @@
 #include "frmAbout.h"
 
+#include <QFocusEvent>
 #include <QGridLayout>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -40,13 +41,26 @@ QColor linkColour() {
 }
 
 /// A link for mouse and keyboard that asks to be opened and opens nothing itself.
-QLabel* makeLink(const QString& name, const QString& caption) {
-    const QString markup = QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>");
-    auto* link = makeNamed<QLabel>(name, markup.arg(linkColour().name(), caption));
-    link->setTextFormat(Qt::RichText);
-    link->setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
-    return link;
-}
+class Link final : public QLabel {
+public:
+    explicit Link(const QString& caption)
+        : QLabel(QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>")
+                     .arg(linkColour().name(), caption)) {
+        setTextFormat(Qt::RichText);
+        setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+    }
+
+protected:
+    /// A label takes the Tab key once for itself and once for the link in it, and Shift+Tab never
+    /// leaves it. This one is a link: it selects itself, and the next key goes on.
+    void focusInEvent(QFocusEvent* event) override {
+        QLabel::focusInEvent(event);
+        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
+            QLabel::focusNextPrevChild(true);
+        }
+    }
+    bool focusNextPrevChild(bool next) override { return QFrame::focusNextPrevChild(next); }
+};
 
 void writeToSupport(Desktop& desktop) {
     desktop.openLink(
@@ -66,8 +80,8 @@ frmAbout::frmAbout(MainForm& mainForm)
     auto* lblCredit = makeLabel(
         QStringLiteral("lblCredit"),
         QStringLiteral("After an older trading game of the China coast\n\nWeb:\nSupport:"));
-    auto* lblHomepage = makeLink(QStringLiteral("lblHomepage"), homePage);
-    auto* lblContact = makeLink(QStringLiteral("lblContact"), supportAddress);
+    auto* lblHomepage = makeNamed<Link>(QStringLiteral("lblHomepage"), homePage);
+    auto* lblContact = makeNamed<Link>(QStringLiteral("lblContact"), supportAddress);
     auto* cmdOK = makeButton(QStringLiteral("cmdOK"), QStringLiteral("OK"));
 
     // The links stand beside the last two lines of the credit.
