@@ -136,8 +136,14 @@ GaugePanel::GaugePanel(const QString& name, const QString& barName, const QStrin
 void GaugePanel::show(const QString& title, game::Currency value, game::Currency maximum) {
     showTitle(title);
     const int most = std::max(maximum.toInt(), 1);
-    m_bar->setMaximum(most);
-    m_bar->setValue(std::clamp(value.toInt(), 0, most));
+    const int shown = std::clamp(value.toInt(), 0, most);
+    if (m_bar->maximum() != most || m_bar->value() != shown) {
+        // A bar paints itself, and all else that waits for it, at once; this one waits as well.
+        m_bar->setUpdatesEnabled(false);
+        m_bar->setMaximum(most);
+        m_bar->setValue(shown);
+        m_bar->setUpdatesEnabled(true);
+    }
 }
 
 OrdersPanel::OrdersPanel() : Panel(QStringLiteral("fraOrders"), QStringLiteral("Orders")) {
