@@ -33,8 +33,8 @@ void requireRegularFile(const QFileInfo& file) {
     }
 }
 
-/// The file that symbolic links lead to, which need not be there yet. QSaveFile follows a single
-/// link and would replace the next one.
+/// The file that symbolic links lead to, which need not be there yet. QSaveFile would take ".."
+/// behind a linked folder for the folder of the link, and replace links that lead in a circle.
 QFileInfo behindLinks(const QString& path) {
     std::filesystem::path file = QFileInfo(path).filesystemFilePath();
     std::error_code ignored;
