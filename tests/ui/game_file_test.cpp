@@ -160,12 +160,13 @@ TEST_F(GameFile, LeavesAloneWhatCannotBeSavedTo) {
 }
 
 TEST_F(GameFile, FollowsLinksAndKeepsThem) {
-    ASSERT_TRUE(QDir(scratch.path()).mkpath("deep/deeper"));
-    ASSERT_TRUE(QFile::link("deeper", path("deep/link to folder")));
-    ASSERT_TRUE(QFile::link("../../game.zhb", path("deep/deeper/second")));
-    ASSERT_TRUE(QFile::link("deep/link to folder/second", path("first")));
+    ASSERT_TRUE(QDir(scratch.path()).mkpath("deep/deeper/deepest"));
+    write(path("deep/target"), textOf(oldGame));
+    ASSERT_TRUE(QFile::link("deeper/deepest", path("deep/shortcut")));
+    ASSERT_TRUE(QFile::link("../../target", path("deep/deeper/deepest/second")));
+    ASSERT_TRUE(QFile::link("deep/shortcut/second", path("first")));
     ASSERT_TRUE(QFile::link(path("not there yet"), path("dangling")));
-    const std::vector<std::pair<QString, QString>> links{{"first", "game.zhb"},
+    const std::vector<std::pair<QString, QString>> links{{"first", "deep/target"},
                                                          {"dangling", "not there yet"}};
     for (const auto& [link, target] : links) {
         ui::writeGameFile(path(link), newGame);
@@ -173,7 +174,7 @@ TEST_F(GameFile, FollowsLinksAndKeepsThem) {
         EXPECT_FALSE(QFileInfo(path(target)).isSymLink());
         EXPECT_EQ(bytesOf(path(target)), textOf(newGame));
     }
-    EXPECT_TRUE(QFileInfo(path("deep/deeper/second")).isSymLink());
+    EXPECT_TRUE(QFileInfo(path("deep/deeper/deepest/second")).isSymLink());
 }
 
 TEST_F(GameFile, StaysWholeWhereverWritingFails) {

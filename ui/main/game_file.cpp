@@ -5,6 +5,7 @@
 #include <QSaveFile>
 #include <QStringDecoder>
 #include <QStringEncoder>
+#include <algorithm>
 #include <filesystem>
 #include <system_error>
 
@@ -17,7 +18,7 @@ namespace {
 
 using game::GameState;
 
-constexpr qint64 mostRead = 64 << 20;  // bytes; a firm's name may be some millions long
+constexpr qint64 mostRead = 32 << 20;  // bytes; a firm's name may be some millions long
 
 FileError platformError(std::errc code) {
     return {QString::fromLocal8Bit(std::make_error_code(code).message())};
@@ -33,8 +34,8 @@ void requireRegularFile(const QFileInfo& file) {
     }
 }
 
-/// The file that symbolic links lead to, which need not be there yet. QSaveFile follows a single
-/// link and would replace the next one.
+/// The file that symbolic links lead to, which need not be there yet. QSaveFile would take ".."
+/// behind a linked folder for the folder of the link, and replace links that lead in a circle.
 QFileInfo behindLinks(const QString& path) {
     std::filesystem::path file = QFileInfo(path).filesystemFilePath();
     std::error_code ignored;
@@ -79,7 +80,7 @@ GameState readGameFile(const QString& path) {
     if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) {
         throw FileError{file.errorString()};
     }
-    const QByteArray bytes = file.read(mostRead);
+    const QByteArray bytes = file.read(std::min(file.size(), mostRead));
     if (file.error() != QFileDevice::NoError) {
         throw FileError{file.errorString()};
     }
