@@ -1,6 +1,7 @@
 #include "fleet_view.h"
 
 #include "controls.h"
+#include "picture.h"
 #include "twips.h"
 
 namespace ui {
@@ -31,7 +32,8 @@ FleetView::FleetView(const QString& name) {
     setFixedSize(sizeFromTwips(6375, 2535));
     setAutoFillBackground(true);
     setColour(Qt::black);
-    const QPixmap junk(QStringLiteral(":/junk.png"));
+    const QPixmap junk =
+        picture(QStringLiteral("junk"), sizeFromTwips(shipSide, shipSide), devicePixelRatio());
     for (int picture = 0; picture < game::largestFleet; ++picture) {
         auto* label = makeNamed<QLabel>(QStringLiteral("imgPirate%1").arg(picture), this);
         label->setPixmap(junk);

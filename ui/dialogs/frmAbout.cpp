@@ -5,12 +5,12 @@
 #include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPalette>
-#include <QPixmap>
 #include <QUrl>
 #include <QVBoxLayout>
 
 #include "controls.h"
 #include "main_form.h"
+#include "picture.h"
 #include "twips.h"
 
 namespace ui {
@@ -20,16 +20,6 @@ namespace {
 const QString homePage = QStringLiteral("https://zhenbao.example/");
 const QString supportAddress = QStringLiteral("support@zhenbao.example");
 const QString supportSubject = QStringLiteral("Zhenbao for Windows v1.10");
-
-/// The painting, sharp on a screen with `ratio` dots to the pixel.
-QPixmap ship(qreal ratio) {
-    constexpr QSize size{200, 160};
-    const QPixmap painting(ratio > 1 ? QStringLiteral(":/ship@2x.png")
-                                     : QStringLiteral(":/ship.png"));
-    QPixmap fitted = painting.scaled(size * ratio, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-    fitted.setDevicePixelRatio(ratio);
-    return fitted;
-}
 
 /// The desktop's colour of links, or of text where a dark desktop leaves its links dark, too.
 QColor linkColour() {
@@ -72,7 +62,7 @@ void writeToSupport(Desktop& desktop) {
 frmAbout::frmAbout(MainForm& mainForm)
     : Form(mainForm, QStringLiteral("frmAbout"), QStringLiteral("About Zhenbao for Windows")) {
     auto* picShip = makeNamed<QLabel>(QStringLiteral("PicShip"));
-    picShip->setPixmap(ship(devicePixelRatio()));
+    picShip->setPixmap(picture(QStringLiteral("ship"), {200, 160}, devicePixelRatio()));
     picShip->setAccessibleName(QStringLiteral("A sailing ship"));
     auto* lblVersion = makeLabel(QStringLiteral("lblVersion"),
                                  QStringLiteral("Zhenbao for Windows v" ZHENBAO_VERSION
