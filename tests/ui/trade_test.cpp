@@ -161,17 +161,20 @@ TEST(NewGameForm, StartsAGameAndCannotBeLeftWhenOneIsOver) {
 }
 
 TEST(LeaveForm, ProposesAPortAndNeverTheOwn) {
-    FakeMainForm mainForm;
-    mainForm.draws.add({test::roll(1, 7)});
-    ui::frmLeave form(mainForm);
-    form.show();
-    EXPECT_FALSE(find<QRadioButton>(form, "optHongKong")->isEnabled());
-    EXPECT_TRUE(find<QRadioButton>(form, "optShanghai")->isChecked());
-    const game::GameState before = mainForm.record;
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(mainForm.record, before);
-    EXPECT_EQ(mainForm.refreshes, 1);
+    for (const auto& [drawn, proposed] : {std::pair{1, "optShanghai"}, {5, "optManila"}}) {
+        FakeMainForm mainForm;
+        mainForm.draws.add({test::roll(drawn, 7)});
+        ui::frmLeave form(mainForm);
+        form.show();
+        EXPECT_FALSE(find<QRadioButton>(form, "optHongKong")->isEnabled());
+        EXPECT_TRUE(find<QRadioButton>(form, proposed)->isChecked());
+        EXPECT_EQ(form.focusWidget(), find<QRadioButton>(form, proposed));
+        const game::GameState before = mainForm.record;
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(mainForm.record, before);
+        EXPECT_EQ(mainForm.refreshes, 1);
+    }
 }
 
 }  // namespace
