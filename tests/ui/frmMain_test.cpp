@@ -119,11 +119,14 @@ TEST_F(MainWindow, TakesNoOrdersWhileTheShipIsAtSea) {
     draws.add({test::roll(2, 7)});
     draws.add({uneventful}, 25);
     draws.add({0, 0, 0, 0, uneventful, uneventful, 0});
-    draws.add({test::roll(1, 5), 0});
-    draws.add({uneventful}, 5);
+    draws.add({test::roll(1, 5), 0, test::roll(2, 12), 0});
+    draws.add({uneventful}, 4);
     int waits = 0;
     desktop.duringWait = [&] {
-        if (++waits != 3) {
+        if (++waits > 25) {
+            button("cmdCannon")->click();
+        }
+        if (waits != 3) {
             return;
         }
         mainForm.UpdateMainForm();
@@ -139,11 +142,14 @@ TEST_F(MainWindow, TakesNoOrdersWhileTheShipIsAtSea) {
     inNextDialog([](QDialog& form) { find<QPushButton>(form, "cmdDepart")->click(); });
     button("cmdLeave")->click();
 
-    EXPECT_EQ(waits, 25);
+    EXPECT_EQ(waits, 26);
+    EXPECT_EQ(mainForm.state().gcurCannons, 0) << "bought before the arrival was over";
     EXPECT_EQ(mainForm.cursor().shape(), Qt::ArrowCursor);
     EXPECT_TRUE(log().endsWith(QStringLiteral(
         "Departing Hong Kong.........................\nFeb 15, 1860 - Arriving at Shanghai\n"
-        "Feb 15, 1860 - Zhenbao, a ship's cannon is available for $400")));
+        "Feb 15, 1860 - Zhenbao, a ship's cannon is available for $400\n"
+        "Feb 15, 1860 - Zhenbao, you can trade in your ship for one with 50 more capacity\n"
+        "                        by paying an additional $5,000")));
     EXPECT_EQ(title("fraPrices"), QStringLiteral("Prices at Shanghai "));
     EXPECT_TRUE(button("cmdLeave")->isEnabled());
     EXPECT_TRUE(button("cmdCannon")->isEnabled());
@@ -159,7 +165,10 @@ TEST_F(MainWindow, LetsAnOfferStandUntilItIsTaken) {
     mainForm.setOrderEnabled(game::Order::Cannon, true);
     mainForm.setOrderEnabled(game::Order::Ship, true);
     desktop.expect(QStringLiteral("Insufficient Funds     "), QStringLiteral("Sorry"));
+    auto* report = find<QPlainTextEdit>(mainForm, "txtLog");
+    report->moveCursor(QTextCursor::Start);
     button("cmdCannon")->click();
+    EXPECT_TRUE(report->textCursor().atEnd());
     button("cmdShip")->click();
     EXPECT_TRUE(button("cmdCannon")->isEnabled());
     EXPECT_FALSE(button("cmdShip")->isEnabled());

@@ -30,7 +30,7 @@ TEST(AmountField, TakesDigitsOnlyAndKeepsItsTextWhenOpened) {
     field.show();
     QApplication::setActiveWindow(&field);
     QTest::mouseClick(field.lineEdit(), Qt::LeftButton);
-    QTest::keyClicks(&field, QStringLiteral("2a-. 5,"));
+    QTest::keyClicks(&field, QStringLiteral("2a-.\u00AD 5,"));
     EXPECT_EQ(field.currentText(), QStringLiteral("25")) << "typing replaced the 0";
     EXPECT_EQ(test::offered(&field).join(u' '), QStringLiteral("0 10 20 30 40 50 60 70 80 90 100"));
     EXPECT_EQ(field.currentText(), QStringLiteral("25"));
@@ -161,17 +161,20 @@ TEST(NewGameForm, StartsAGameAndCannotBeLeftWhenOneIsOver) {
 }
 
 TEST(LeaveForm, ProposesAPortAndNeverTheOwn) {
-    FakeMainForm mainForm;
-    mainForm.draws.add({test::roll(1, 7)});
-    ui::frmLeave form(mainForm);
-    form.show();
-    EXPECT_FALSE(find<QRadioButton>(form, "optHongKong")->isEnabled());
-    EXPECT_TRUE(find<QRadioButton>(form, "optShanghai")->isChecked());
-    const game::GameState before = mainForm.record;
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(mainForm.record, before);
-    EXPECT_EQ(mainForm.refreshes, 1);
+    for (const auto& [drawn, proposed] : {std::pair{1, "optShanghai"}, {5, "optManila"}}) {
+        FakeMainForm mainForm;
+        mainForm.draws.add({test::roll(drawn, 7)});
+        ui::frmLeave form(mainForm);
+        form.show();
+        EXPECT_FALSE(find<QRadioButton>(form, "optHongKong")->isEnabled());
+        EXPECT_TRUE(find<QRadioButton>(form, proposed)->isChecked());
+        EXPECT_EQ(form.focusWidget(), find<QRadioButton>(form, proposed));
+        const game::GameState before = mainForm.record;
+        QTest::keyClick(&form, Qt::Key_Escape);
+        EXPECT_FALSE(form.isVisible());
+        EXPECT_EQ(mainForm.record, before);
+        EXPECT_EQ(mainForm.refreshes, 1);
+    }
 }
 
 }  // namespace

@@ -101,7 +101,7 @@ bool AmountField::discards(const QKeyEvent& key) {
 
 bool AmountField::discards(const QString& typed) {
     const auto types = [](QChar character) {
-        return character.isPrint() || character.unicode() == backspace;
+        return character.category() != QChar::Other_Control || character.unicode() == backspace;
     };
     if (std::none_of(typed.begin(), typed.end(), types)) {
         return false;  // Enter, Tab, arrows, Escape and shortcuts have their own meaning

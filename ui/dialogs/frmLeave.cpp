@@ -72,6 +72,11 @@ frmLeave::frmLeave(MainForm& mainForm)
     rows->addWidget(fraDestination);
     rows->addLayout(buttons);
     fixSize(2850, 3450);
+    for (QRadioButton* option : m_ports) {
+        if (option->isChecked()) {
+            option->setFocus();  // the arrow keys go on from the proposal
+        }
+    }
 
     connect(cmdDepart, &QPushButton::clicked, this, &frmLeave::cmdDepart_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &frmLeave::reject);

@@ -204,6 +204,9 @@ void frmMain::previewStatus(game::Currency percent) {
 }
 
 void frmMain::giveOrder(game::Order order) {
+    if (m_underWay) {
+        return;  // an offer of the arrival, which has to wait until it is over
+    }
     switch (order) {
         case game::Order::Buy:
             return open<frmBuy>(*this);
@@ -244,6 +247,7 @@ void frmMain::cmdShip_Click() {
 
 void frmMain::buyOffer(game::Order order, const game::Refusal& refusal,
                        std::string (*buy)(game::GameState&)) {
+    txtLog->showEnd();
     if (refusal) {
         m_desktop.inform(this, fromRules(*refusal), refusalTitle);
         return;

@@ -58,6 +58,14 @@ void LogView::refresh() {
     showEnd();
 }
 
+void LogView::showEnd() {
+    if (QTextCursor caret = textCursor(); !caret.atEnd() || caret.hasSelection()) {
+        caret.movePosition(QTextCursor::End);
+        setTextCursor(caret);
+    }
+    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
+}
+
 void LogView::showAlert(game::Alert alert) {
     setColours(alert == game::Alert::Misfortune ? Qt::red : Qt::cyan, Qt::black);
 }
@@ -76,14 +84,6 @@ void LogView::insertAtEnd(std::string_view text) {
     QTextCursor end(document());
     end.movePosition(QTextCursor::End);
     end.insertText(shown(text));
-}
-
-void LogView::showEnd() {
-    if (QTextCursor caret = textCursor(); !caret.atEnd() || caret.hasSelection()) {
-        caret.movePosition(QTextCursor::End);
-        setTextCursor(caret);
-    }
-    verticalScrollBar()->setValue(verticalScrollBar()->maximum());
 }
 
 void LogView::setColours(const QColor& background, const QColor& text) {

@@ -21,6 +21,8 @@ public:
     void append(std::string_view text);
     /// Cuts the report to its length and shows its end.
     void refresh();
+    /// Moves the caret and the view to the end.
+    void showEnd();
 
     /// Background and text in the colours of an alert, or in the usual ones.
     void showAlert(game::Alert alert);
@@ -28,7 +30,6 @@ public:
 
 private:
     void insertAtEnd(std::string_view text);
-    void showEnd();
     void setColours(const QColor& background, const QColor& text);
 
     game::Report m_report;

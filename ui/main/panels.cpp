@@ -112,6 +112,8 @@ PricesPanel::PricesPanel()
     auto* grid = new QGridLayout(this);
     txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"),
                      fromRules(game::dateText(game::firstDay)));
+    // A date is longer than most figures, and has to show whole in the smallest window too.
+    txtDate->setMinimumWidth(txtDate->fontMetrics().horizontalAdvance(u'0') * 11);
     m_prices = addGoods(grid, 1, 0, u'P', noMoney());
     grid->setColumnStretch(1, 1);
 }
