@@ -12,6 +12,7 @@
 #include <algorithm>
 
 #include "find.h"
+#include "modal.h"
 #include "qt_desktop.h"
 
 namespace {
@@ -78,4 +79,15 @@ TEST(FileDialog, OffersEveryFileAndLeavesNoTrace) {
     });
     EXPECT_EQ(desktop.chooseFileToSave(&owner), QString{});
     EXPECT_EQ(everythingIn(home.path()), (QStringList{"game.zhb", "no dot"}));
+}
+
+TEST(MessageBox, HasRoomForTheReasonInItsTitle) {
+    const QString reason = QStringLiteral("Too many levels of symbolic links");
+    QWidget owner;
+    ui::QtDesktop desktop;
+    test::inNextDialog([&](QDialog& box) {
+        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(reason) + 100);
+        box.accept();
+    });
+    desktop.show(&owner, {.text = QStringLiteral("Error Saving File   "), .title = reason});
 }

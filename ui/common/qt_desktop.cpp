@@ -2,6 +2,7 @@
 
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QSettings>
@@ -42,6 +43,16 @@ QMessageBox::StandardButton toQt(Answer answer) {
     return QMessageBox::NoButton;
 }
 
+/// A box is as wide as its text, while the reason of a failure stands in its title.
+void makeRoomForTitle(QMessageBox& message) {
+    constexpr int frameButtons = 140;  // and the bold letters of some frames
+    const int title = message.fontMetrics().horizontalAdvance(message.windowTitle());
+    if (auto* grid = qobject_cast<QGridLayout*>(message.layout())) {
+        grid->addItem(new QSpacerItem(title + frameButtons, 0), grid->rowCount(), 0, 1,
+                      grid->columnCount());
+    }
+}
+
 }  // namespace
 
 Answer QtDesktop::show(QWidget* owner, const Box& box) {
@@ -56,6 +67,7 @@ Answer QtDesktop::show(QWidget* owner, const Box& box) {
     }
     message.setDefaultButton(toQt(box.byDefault));
     message.setEscapeButton(toQt(box.onEscape));
+    makeRoomForTitle(message);
     const int pressed = message.exec();
     for (const Answer answer : box.buttons) {
         if (pressed == toQt(answer)) {
