@@ -29,7 +29,7 @@ public:
     void setAtSea(bool atSea) override { m_mainForm.setAtSea(atSea); }
     bool ask(std::string_view text, std::string_view title) override {
         return m_mainForm.desktop().confirm(m_mainForm.window(), fromRules(text), fromRules(title),
-                                            Icon::Question);
+                                            Icon::Question, Answer::No);
     }
     void inform(std::string_view text, std::string_view title) override {
         m_mainForm.desktop().inform(m_mainForm.window(), fromRules(text), fromRules(title));

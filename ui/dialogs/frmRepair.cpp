@@ -28,7 +28,9 @@ frmRepair::frmRepair(MainForm& mainForm)
     connect(cmdRepairMax, &QPushButton::clicked, this, &frmRepair::cmdRepairMax_Click);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 
-    sldRepair_Change();
+    txtStatus->setText(QString::number(sldRepair->value()) + QStringLiteral("%"));
+    txtPrice->setText(money(0));
+    cmdRepair->setEnabled(false);
     placeAt(0, 2940);
     fixSize(6015, 1845);
 }

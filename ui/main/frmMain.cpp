@@ -79,16 +79,17 @@ QWidget* frmMain::makeClient() {
     txtLog = new LogView;
     (new QVBoxLayout(fraLog))->addWidget(txtLog);
 
+    // Dialogs open over the orders and the report, so that figures and gauges stay in sight.
     auto* grid = new QGridLayout(client);
-    grid->addWidget(fraHouse, 0, 0, 1, 2);
-    grid->addWidget(fraPrices, 0, 2);
-    auto* gauges = new QHBoxLayout;
+    auto* gauges = new QVBoxLayout;
     gauges->addWidget(fraStatus);
     gauges->addWidget(fraHold);
-    grid->addLayout(gauges, 1, 0, 1, 3);
-    grid->addWidget(fraOrders, 2, 0);
-    grid->addWidget(fraLog, 2, 1, 1, 2);
-    grid->setColumnStretch(1, 1);
+    grid->addWidget(fraHouse, 0, 0);
+    grid->addWidget(fraPrices, 0, 1);
+    grid->addWidget(fraOrders, 1, 0);
+    grid->addLayout(gauges, 1, 1);
+    grid->addWidget(fraLog, 2, 0, 1, 2);
+    grid->setColumnStretch(0, 1);
     grid->setRowStretch(2, 1);
     return client;
 }

@@ -166,16 +166,16 @@ OrdersPanel::OrdersPanel() : Panel(QStringLiteral("fraOrders"), QStringLiteral("
         {Order::Repair, "cmdRepair", "Repair Ship"},
         {Order::Ship, "cmdShip", "Buy Ship"},
     }};
-    auto* column = new QVBoxLayout(this);
+    auto* grid = new QGridLayout(this);
     for (const Row& row : rows) {
         auto* button = makeButton(QString::fromLatin1(row.name), QString::fromLatin1(row.caption));
         button->setEnabled(false);
         connect(button, &QPushButton::clicked, this,
                 [this, order = row.order] { emit given(order); });
+        const int place = static_cast<int>(m_buttons.size());
+        grid->addWidget(button, place / 3, place % 3);
         m_buttons.emplace(row.order, button);
-        column->addWidget(button);
     }
-    column->addStretch();
 }
 
 void OrdersPanel::setOrderEnabled(game::Order order, bool enabled) {
