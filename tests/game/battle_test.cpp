@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <tuple>
 #include <vector>
 
 #include "games.h"
@@ -59,15 +59,9 @@ private:
     void tell(const std::string& event) { transcript.tail(" " + event); }
 };
 
-using Orders = std::vector<void (Battle::*)()>;
-
 /// The whole encounter; the first draw is the fleet's.
-std::string play(GameState& state, const std::vector<double>& draws, const Orders& orders,
-                 bool answer = true) {
-    test::ScriptedRandom random;
-    for (const double draw : draws) {
-        random.add({draw});
-    }
+std::string play(GameState& state, test::ScriptedRandom&& random,
+                 const std::vector<void (Battle::*)()>& orders, bool answer = true) {
     Story story;
     story.answer = answer;
     Battle battle(state, random, story);
@@ -90,75 +84,41 @@ GameState armed(int cannons, int silk = 0) {
     });
 }
 
-/// Pearson's sum for many trials of a draw against its exact probabilities, face by face from 0.
-template <class Draw>
-void expectFrequencies(const std::vector<double>& probabilities, Draw draw) {
-    constexpr int trials = 125'000;
-    std::vector<int> counts(probabilities.size());
-    for (int trial = 0; trial < trials; ++trial) {
-        ++counts.at(static_cast<std::size_t>(draw()));
-    }
-    double sum = 0;
-    for (std::size_t face = 0; face < counts.size(); ++face) {
-        const double expected = trials * probabilities[face];
-        sum += (counts[face] - expected) * (counts[face] - expected) / expected;
-    }
-    const auto freedom = static_cast<double>(counts.size() - 1);
-    EXPECT_LT(sum, freedom + 4 * std::sqrt(2 * freedom)) << "of " << counts.size() << " faces";
-}
-
-}  // namespace
-
 TEST(Battle, DrawsTheFleetByTheHoldAndTheTributeOwed) {
-    const Currency most = Currency::highest();
-    struct Case {
-        Currency hold;
-        int payoff;
-        double draw;
-        int ships;
-    };
-    for (const Case& c : {Case{60, 10, lowestDraw, 3},
-                          {60, 10, highestDraw, 6},
-                          {60, 11, lowestDraw, 6},
-                          {60, 11, highestDraw, 12},
-                          {65, 0, highestDraw, 7},
-                          {460, 0, highestDraw, 46},
-                          {510, 0, highestDraw, 48},
-                          {460, 11, highestDraw, 48},
-                          {0, 0, highestDraw, 1},
-                          {-60, 11, highestDraw, 1},
-                          {most, 11, lowestDraw, 6},
-                          {most, 11, highestDraw, 48}}) {
-        const GameState state = test::newGameWith([&c](GameState& changed) {
-            changed.gcurMaxHold = c.hold;
-            changed.gcurPayoff = c.payoff;
-        });
-        test::ScriptedRandom random{c.draw};
-        EXPECT_EQ(game::drawFleet(state, random), c.ships)
-            << plainText(c.hold) << " units at " << c.draw;
-        EXPECT_EQ(game::attackers(state), c.payoff > 10 ? "Kwan Tat's Pirates" : "Pirates");
+    using Row = std::tuple<Currency, int, double, int>;
+    for (const auto& [maxHold, payoff, draw, ships] :
+         {Row{60, 10, lowestDraw, 3},
+          {60, 10, highestDraw, 6},
+          {60, 11, lowestDraw, 6},
+          {60, 11, highestDraw, 12},
+          {65, 0, highestDraw, 7},
+          {510, 0, highestDraw, 48},
+          {460, 11, highestDraw, 48},
+          {0, 0, highestDraw, 1},
+          {-60, 11, highestDraw, 1},
+          {Currency::highest(), 11, highestDraw, 48}}) {
+        GameState state = test::newGame();
+        state.gcurMaxHold = maxHold;
+        state.gcurPayoff = payoff;
+        test::ScriptedRandom random{draw};
+        EXPECT_EQ(game::drawFleet(state, random), ships) << plainText(maxHold) << " at " << draw;
+        EXPECT_EQ(game::attackers(state), payoff > 10 ? "Kwan Tat's Pirates" : "Pirates");
     }
 }
 
 TEST(Battle, EscapesTheLighterTheShipIs) {
-    struct Case {
-        int hold;
-        int maxHold;
-        double chance;
-    };
-    for (const Case& c : {Case{0, 60, 1 / 4.0},
-                          {60, 60, 1 / 8.0},
-                          {30, 60, 1 / 6.0},
-                          {120, 60, 1 / 12.0},
-                          {50, 0, 1 / 4.0}}) {
-        const GameState state = test::newGameWith([&c](GameState& changed) {
-            changed.gcurHold = c.hold;
-            changed.gcurMaxHold = c.maxHold;
-        });
-        test::ScriptedRandom random{lowestDraw, c.chance - 1e-9, c.chance + 1e-9, highestDraw};
-        for (const bool escaped : {true, true, false, false}) {
-            EXPECT_EQ(game::drawEscape(state, random), escaped) << c.hold << " of " << c.maxHold;
-        }
+    using Row = std::tuple<int, int, double>;
+    for (const auto& [hold, maxHold, chance] : {Row{0, 60, 1 / 4.0},
+                                                {60, 60, 1 / 8.0},
+                                                {30, 60, 1 / 6.0},
+                                                {120, 60, 1 / 12.0},
+                                                {50, 0, 1 / 4.0}}) {
+        GameState state = test::newGame();
+        state.gcurHold = hold;
+        state.gcurMaxHold = maxHold;
+        test::ScriptedRandom random{chance - 1e-9, chance + 1e-9};
+        EXPECT_TRUE(game::drawEscape(state, random)) << hold << " of " << maxHold;
+        EXPECT_FALSE(game::drawEscape(state, random)) << hold << " of " << maxHold;
     }
 }
 
@@ -171,23 +131,6 @@ TEST(Battle, ShakesOffUpToHalfAndPaysOneRateForAll) {
     test::ScriptedRandom random{lowestDraw, highestDraw};
     EXPECT_EQ(game::drawBooty(random, 3), 900);
     EXPECT_EQ(game::drawBooty(random, 3), 4'050);
-}
-
-TEST(Battle, DrawsAtItsExactFrequencies) {
-    game::Generator random{1860};
-    const GameState state = armed(3);  // half full: one in six escapes
-    const auto even = [](int faces) {
-        return std::vector<double>(static_cast<std::size_t>(faces), 1.0 / faces);
-    };
-    expectFrequencies({0.6, 0.4}, [&] { return game::drawHit(random); });
-    expectFrequencies({0.3, 0.7}, [&] { return game::drawHitTaken(random); });
-    expectFrequencies({24 / 25.0, 1 / 25.0}, [&] { return game::drawCannonHit(random); });
-    expectFrequencies({5 / 6.0, 1 / 6.0}, [&] { return game::drawEscape(state, random); });
-    expectFrequencies({7 / 8.0, 1 / 8.0}, [&] { return game::drawRescue(random); });
-    expectFrequencies(even(4), [&] { return game::drawFleet(state, random).toInt() - 3; });
-    expectFrequencies({2 / 5.0, 2 / 5.0, 1 / 5.0},  // half of five ships is two and a half
-                      [&] { return game::drawShakenOff(random, 5).toInt() - 1; });
-    expectFrequencies(even(1'051), [&] { return game::drawBooty(random, 1).toInt() - 300; });
 }
 
 TEST(Battle, WinsInMidVolley) {
@@ -203,39 +146,32 @@ TEST(Battle, WinsInMidVolley) {
 }
 
 TEST(Battle, Runs) {
-    const double low = lowestDraw;
-    const double high = highestDraw;
-    const double rescue = roll(1, 8);
-    const double two = roll(1, 2);  // without capacity there are 1 to 3 ships
     const std::string away = "We got away from them, Zhenbao!! 2000 finish\n";
     const std::string drivenOff = "Kwan Tat's fleet drove them off! 2000 finish\n";
-    struct Case {
-        int maxHold;
-        int payoff;
-        std::vector<double> draws;
-        std::string outcome;
-        int left = 0;
-    };
-    for (Case c : {Case{60, 0, {low, low}, away},
-                   {0, 0, {high, high}, away},
-                   {60, 10, {low, high, rescue}, drivenOff},
-                   {60, 11, {low, high, rescue, high}, "from 3 fleet:3 2000\n", 3},
-                   {60, 0, {low, high, roll(2, 8), high}, "from 2 fleet:1 2000\n", 1},
-                   {0, 0, {two, high, high, high}, "from 1 fleet:1 2000\n", 1},
-                   {480, 0, {high, high, high, high}, "from 24 fleet:24 2000\n", 24}}) {
+    const double low = lowestDraw;
+    const double high = highestDraw;
+    using Row = std::tuple<int, int, std::vector<double>, std::string, int>;
+    for (const auto& [maxHold, payoff, draws, outcome, left] :
+         {Row{60, 0, {low, low}, away, 0},
+          {0, 0, {high, high}, away, 0},  // without capacity there are 1 to 3 ships
+          {60, 10, {low, high, roll(1, 8)}, drivenOff, 0},
+          {60, 11, {low, high, roll(1, 8), high}, "from 3 fleet:3 2000\n", 3},
+          {60, 0, {low, high, roll(2, 8), high}, "from 2 fleet:1 2000\n", 1},
+          {0, 0, {roll(1, 2), high, high, high}, "from 1 fleet:1 2000\n", 1}}) {
         GameState state = armed(0);
-        state.gcurMaxHold = c.maxHold;
-        state.gcurPayoff = c.payoff;
-        if (c.left > 0) {
-            c.draws.insert(c.draws.end(), static_cast<std::size_t>(c.left), theyMiss);
-            c.draws.push_back(cannonHit);  // drawn also without a cannon aboard
-            c.outcome = "Can't lose 'em, but we escaped " + c.outcome +
-                        "They're firing on us, Zhenbao! 2000\n"
-                        "Zhenbao, what shall we do? +R -C\n";
+        state.gcurMaxHold = maxHold;
+        state.gcurPayoff = payoff;
+        test::ScriptedRandom random(draws);
+        std::string expected = outcome;
+        if (left > 0) {
+            random.add({theyMiss}, left);
+            random.add({cannonHit});  // drawn also without a cannon aboard
+            expected = "Can't lose 'em, but we escaped " + outcome +
+                       "They're firing on us, Zhenbao! 2000\nZhenbao, what shall we do? +R -C\n";
         }
-        const std::string told = play(state, c.draws, {&Battle::run});
+        const std::string told = play(state, std::move(random), {&Battle::run});
         EXPECT_TRUE(told.starts_with(" -F -D -C status:100 cannons:0\n")) << told;
-        EXPECT_TRUE(told.ends_with(" -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n" + c.outcome))
+        EXPECT_TRUE(told.ends_with(" -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n" + expected))
             << told;
     }
 }
@@ -288,13 +224,12 @@ TEST(Battle, SinksOnTheVeryShot) {
         if (again) {
             game::endGame(expected);
         }
-        const std::string told = play(state,
-                                      {roll(4, 4), highestDraw, highestDraw, lowestDraw,  // 5 left
-                                       hitTaken, theyMiss, hitTaken},
-                                      {&Battle::run}, again);
+        const std::string told =
+            play(state, {roll(1, 4), highestDraw, highestDraw, lowestDraw, hitTaken, hitTaken},
+                 {&Battle::run}, again);
         EXPECT_TRUE(told.ends_with(
-            std::string{"Zhenbao! 2000 flash 200 status:1 flash 200 status:0 again?"} +
-            (again ? " finish\n" : " the end\n")))
+            again ? "Zhenbao! 2000 flash 200 status:1 flash 200 status:0 again? finish\n"
+                  : " status:0 again? the end\n"))
             << told;
         EXPECT_EQ(state, expected);
     }
@@ -313,3 +248,5 @@ TEST(Battle, DumpsCargoToRunLighter) {
               "We got away from them, Zhenbao!! 2000 finish\n");
     EXPECT_EQ(state, expected);
 }
+
+}  // namespace

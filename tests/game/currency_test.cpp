@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <utility>
 
 using game::Currency;
 
@@ -16,40 +17,34 @@ constexpr Currency highest = Currency::highest();
 constexpr Currency lowest = Currency::lowest();
 
 TEST(Currency, WritesMoneyInWholeDollars) {
-    struct Case {
-        Currency amount;
-        const char* text;
-    };
-    for (const Case& c : {Case{0, "$0"},
-                          {decimal(4'999), "$0"},
-                          {decimal(5'000), "$1"},
-                          {decimal(-4'000), "$0"},
-                          {decimal(-5'000), "-$1"},
-                          {999, "$999"},
-                          {decimal(9'999'999), "$1,000"},
-                          {-4'600, "-$4,600"},
-                          {1'234'567'890, "$1,234,567,890"},
-                          {highest, "$922,337,203,685,478"},
-                          {lowest, "-$922,337,203,685,478"}}) {
-        EXPECT_EQ(game::moneyText(c.amount), c.text);
+    using Row = std::pair<Currency, const char*>;
+    for (const auto& [amount, text] : {Row{0, "$0"},
+                                       {decimal(4'999), "$0"},
+                                       {decimal(5'000), "$1"},
+                                       {decimal(-4'000), "$0"},
+                                       {decimal(-5'000), "-$1"},
+                                       {999, "$999"},
+                                       {decimal(9'999'999), "$1,000"},
+                                       {-4'600, "-$4,600"},
+                                       {1'234'567'890, "$1,234,567,890"},
+                                       {highest, "$922,337,203,685,478"},
+                                       {lowest, "-$922,337,203,685,478"}}) {
+        EXPECT_EQ(game::moneyText(amount), text);
     }
 }
 
 TEST(Currency, ReadsWhatItWrites) {
-    struct Case {
-        Currency amount;
-        const char* text;
-    };
-    for (const Case& c : {Case{0, "0"},
-                          {5'000, "5000"},
-                          {decimal(12'345'000), "1234.5"},
-                          {decimal(-122'500), "-12.25"},
-                          {decimal(1), "0.0001"},
-                          {decimal(-9'999), "-0.9999"},
-                          {highest, "922337203685477.5807"},
-                          {lowest, "-922337203685477.5808"}}) {
-        EXPECT_EQ(game::plainText(c.amount), c.text);
-        EXPECT_EQ(game::readDecimal(c.text), c.amount) << c.text;
+    using Row = std::pair<Currency, const char*>;
+    for (const auto& [amount, text] : {Row{0, "0"},
+                                       {5'000, "5000"},
+                                       {decimal(12'345'000), "1234.5"},
+                                       {decimal(-122'500), "-12.25"},
+                                       {decimal(1), "0.0001"},
+                                       {decimal(-9'999), "-0.9999"},
+                                       {highest, "922337203685477.5807"},
+                                       {lowest, "-922337203685477.5808"}}) {
+        EXPECT_EQ(game::plainText(amount), text);
+        EXPECT_EQ(game::readDecimal(text), amount) << text;
     }
 }
 

@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "bank.h"
 #include "games.h"
 #include "money_lender.h"
@@ -40,19 +42,16 @@ TEST(Bank, MovesAllThereIsAndNoDollarMore) {
 }
 
 TEST(MoneyLender, LendsTwiceTheCashUpTo100Million) {
-    struct Case {
-        Currency cash, maximum;
-    };
-    for (const Case& c : {Case{400, 800},
-                          {0, 0},
-                          {-5, -10},
-                          {50'000'000, 100'000'000},
-                          {60'000'000, 100'000'000},
-                          {Currency::highest(), 100'000'000}}) {
-        const GameState state = withMoney(c.cash, 0, 0);
-        EXPECT_EQ(game::maxLoan(state), c.maximum);
-        EXPECT_FALSE(game::refuseLoan(state, c.maximum));
-        EXPECT_EQ(game::refuseLoan(state, c.maximum + 1), game::maximumLoanExceeded);
+    using Row = std::pair<Currency, Currency>;
+    for (const auto& [cash, maximum] : {Row{400, 800},
+                                        {-5, -10},
+                                        {49'999'999, 99'999'998},
+                                        {60'000'000, 100'000'000},
+                                        {Currency::highest(), 100'000'000}}) {
+        const GameState state = withMoney(cash, 0, 0);
+        EXPECT_EQ(game::maxLoan(state), maximum);
+        EXPECT_FALSE(game::refuseLoan(state, maximum));
+        EXPECT_EQ(game::refuseLoan(state, maximum + 1), game::maximumLoanExceeded);
     }
     GameState state = withMoney(400, 0, 5'000);
     EXPECT_EQ(game::borrow(state, 800), " - Borrowed $800");
@@ -60,22 +59,18 @@ TEST(MoneyLender, LendsTwiceTheCashUpTo100Million) {
 }
 
 TEST(MoneyLender, TakesBackTheDebtAndMoreOnlyWhereAllowed) {
-    struct Case {
-        Currency cash, debt, amount;
-        bool overPaymentAllowed;
-        game::Refusal refusal;
-    };
-    for (const Case& c : {Case{1'500, 1'000, 1'000, false, {}},
-                          {1'500, 1'000, 1'001, false, game::overPayment},
-                          {1'500, 1'000, 1'500, true, {}},
-                          {1'500, 1'000, 1'501, true, game::insufficientFunds},
-                          {999, 1'000, 1'001, false, game::insufficientFunds},
-                          {2'000, -1'210, 1'210, true, {}},
-                          {2'000, -1'210, 1, false, game::overPayment}}) {
-        EXPECT_EQ(
-            game::refuseRepayment(withMoney(c.cash, 0, c.debt), c.amount, c.overPaymentAllowed),
-            c.refusal)
-            << game::plainText(c.amount) << " of " << game::plainText(c.debt);
+    using Row = std::tuple<int, int, int, bool, game::Refusal>;
+    for (const auto& [cash, debt, amount, overPaymentAllowed, refusal] :
+         {Row{1'500, 1'000, 1'000, false, {}},
+          {1'500, 1'000, 1'001, false, game::overPayment},
+          {1'500, 1'000, 1'500, true, {}},
+          {1'500, 1'000, 1'501, true, game::insufficientFunds},
+          {999, 1'000, 1'001, false, game::insufficientFunds},
+          {2'000, -1'210, 1'210, true, {}},
+          {2'000, -1'210, 1, false, game::overPayment}}) {
+        EXPECT_EQ(game::refuseRepayment(withMoney(cash, 0, debt), amount, overPaymentAllowed),
+                  refusal)
+            << amount << " of " << debt;
     }
     EXPECT_EQ(game::mostToRepay(withMoney(400, 0, 5'000)), 400);
     EXPECT_EQ(game::mostToRepay(withMoney(400, 0, -1'210)), -1'210);

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "games.h"
 #include "purchases.h"
 
@@ -9,7 +11,6 @@ using game::Currency;
 using game::GameState;
 using game::Good;
 using game::Place;
-using game::TradeOrder;
 
 namespace {
 
@@ -51,42 +52,26 @@ TEST(NewGame, ResetsWhatWasAndKeepsPastOffersAndScore) {
     EXPECT_EQ(started(game::Scenario::CashAndDebt), expected);
 }
 
-/// Prices are 12,000, 1,100, 90 and 14; the hold has 60 units.
-struct BuyCase {
-    const char* name;
-    Currency cash;
-    TradeOrder order;
-    Currency hold = 0;
-    Currency warehouse = 0;
-    game::Refusal refusal = std::nullopt;
-};
-
 TEST(Buying, ChecksCashBeforeRoom) {
-    for (const BuyCase& c :
-         {BuyCase{"to the last dollar", 13'100, {Place::Ship, {1, 1, 0, 0}}},
-          {"a dollar short", 13'099, {Place::Ship, {1, 1, 0, 0}}, 0, 0, game::insufficientFunds},
-          {"hold exactly full", 1'000, {Place::Ship, {0, 0, 0, 10}}, 50},
-          {"hold a unit short", 1'000, {Place::Ship, {0, 0, 0, 11}}, 50, 0, game::insufficientHold},
-          {"both short", 0, {Place::Ship, {0, 0, 0, 61}}, 0, 0, game::insufficientFunds},
-          {"warehouse exactly full", 1'000, {Place::Warehouse, {0, 0, 0, 10}}, 60, 9'990},
-          {"warehouse a unit short",
-           1'000,
-           {Place::Warehouse, {0, 0, 0, 11}},
-           0,
-           9'990,
-           game::insufficientStorage},
-          {"beyond all numbers",
-           1'000,
-           {Place::Ship, {Currency::highest(), 0, 0, 0}},
-           0,
-           0,
-           game::insufficientFunds}}) {
-        SCOPED_TRACE(c.name);
+    using game::insufficientFunds, game::insufficientHold, game::insufficientStorage;
+    const auto ship = Place::Ship;
+    const auto warehouse = Place::Warehouse;
+    using Row = std::tuple<int, game::PerGood, Place, int, int, game::Refusal>;
+    for (const auto& [cash, amounts, place, hold, stored, refusal] :
+         {Row{13'100, {1, 1, 0, 0}, ship, 0, 0, {}},
+          {13'099, {1, 1, 0, 0}, ship, 0, 0, insufficientFunds},
+          {1'000, {0, 0, 0, 10}, ship, 50, 0, {}},
+          {1'000, {0, 0, 0, 11}, ship, 50, 0, insufficientHold},
+          {0, {0, 0, 0, 61}, ship, 0, 0, insufficientFunds},
+          {1'000, {0, 0, 0, 10}, warehouse, 60, 9'990, {}},
+          {1'000, {0, 0, 0, 11}, warehouse, 0, 9'990, insufficientStorage},
+          {1'000, {Currency::highest(), 0, 0, 0}, ship, 0, 0, insufficientFunds}}) {
         GameState state = test::newGame();
-        state.gcurCash = c.cash;
-        state.gcurHold = c.hold;
-        state.gcurWSilk = c.warehouse;
-        EXPECT_EQ(game::refuseBuying(state, c.order), c.refusal);
+        state.gcurCash = cash;
+        state.gcurHold = hold;
+        state.gcurWSilk = stored;
+        EXPECT_EQ(game::refuseBuying(state, {place, amounts}), refusal)
+            << cash << " cash, " << hold << " aboard";
     }
 }
 
@@ -123,27 +108,15 @@ TEST(Trading, MovesStockHoldAndCashAndReportsEachGood) {
                                         " - Bought 5 Arms @ $90 Each"}));
     EXPECT_EQ(state, expected);
 
-    expected.gcurWSilk = 2;
-    expected.gcurCash -= 2'200;
-    EXPECT_EQ(game::buy(state, {Place::Warehouse, {0, 2, 0, 0}}).size(), 1U);
-    EXPECT_EQ(state, expected);
-
-    expected.gcurSOpium = 0;
-    expected.gcurHold = 5;
-    expected.gcurCash += 120'000;
-    EXPECT_EQ(game::sell(state, {Place::Ship, {10, 0, 0, 0}}, {"010", "0", "", "0"}),
-              std::vector<std::string>{" - Sold 010 Opium @ $12,000 Each"});
-    EXPECT_EQ(state, expected);
-
-    expected.gcurWSilk = 0;
-    expected.gcurCash += 2'200;
-    EXPECT_EQ(game::sell(state, {Place::Warehouse, {0, 2, 0, 0}}, {"", "2", "", ""}).size(), 1U);
+    state.gcurWSilk = 10;
+    expected.gcurCash += 11'000;
+    EXPECT_EQ(game::sell(state, {Place::Warehouse, {0, 10, 0, 0}}, {"0", "010", "", "0"}),
+              std::vector<std::string>{" - Sold 010 Silk @ $1,100 Each"});
     EXPECT_EQ(state, expected);
 }
 
 TEST(Selling, RefusesMoreThanTheSourceHolds) {
-    GameState state = test::newGame();
-    state.gcurSArms = 5;
+    const GameState state = test::newGameWith([](GameState& game) { game.gcurSArms = 5; });
     EXPECT_EQ(game::refuseSelling(state, {Place::Ship, {0, 0, 5, 0}}), std::nullopt);
     EXPECT_EQ(game::refuseSelling(state, {Place::Ship, {1, 0, 6, 0}}), game::insufficientCargo);
     EXPECT_EQ(game::refuseSelling(state, {Place::Warehouse, {0, 0, 1, 0}}),

@@ -2,6 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <tuple>
+#include <vector>
+
 #include "arrival.h"
 #include "events.h"
 #include "games.h"
@@ -14,367 +18,236 @@ using test::highestDraw;
 using test::lowestDraw;
 using test::roll;
 using test::ScriptedRandom;
-using test::TranscriptScene;
 
 namespace {
 
-/// Draws that let nothing happen: `count` dice that show no face of interest.
+/// A die that shows no face of interest.
 constexpr double uneventful = 0.99;
 
-/// The draws of an arrival up to its events: prices at their middle, on course, no storm, and the
-/// tribute counter one up.
-void addQuietArrival(ScriptedRandom& random) {
-    random.add({roll(11, 21)}, 4);
-    random.add({uneventful, uneventful, roll(1, 2)});
-}
+class Voyage : public testing::Test {
+protected:
+    /// Tells one story about the game to the scene, with these draws.
+    template <class Tell, class... More>
+    std::string tell(Tell story, ScriptedRandom&& draws, More... more) {
+        story(state, draws, scene, more...);
+        return scene.transcript.take();
+    }
+    std::string arrive(ScriptedRandom&& draws) {
+        return tell(game::arrive, std::move(draws), "Manila");
+    }
+    std::string meetEvents(ScriptedRandom&& draws) {
+        return tell(game::meetEvents, std::move(draws));
+    }
 
-const std::string withdrawn =
-    "disable Buy\ndisable Sell\ndisable Leave\ndisable Visit\ndisable Money\ndisable Transfer\n"
-    "disable Repair\ndisable Cannon\ndisable Ship\n";
+    test::TranscriptScene scene;
+    GameState state = test::newGame();
+};
 
-TEST(Voyage, ProposesAnyPortButTheOneTheShipLiesIn) {
-    struct Case {
-        const char* location;
-        int drawn;
-        const char* proposed;
-    };
-    for (const Case& c : {Case{"Hong Kong", 1, "Shanghai"},
-                          {"Hong Kong", 5, "Manila"},
-                          {"Batavia", 7, "Hong Kong"},
-                          {"Batavia", 6, "Singapore"},
-                          {"Atlantis", 7, "Batavia"}}) {
-        ScriptedRandom random{roll(c.drawn, 7)};
-        EXPECT_EQ(game::proposedPort(random, c.location), c.proposed);
+TEST_F(Voyage, ProposesAnyPortButTheOneTheShipLiesIn) {
+    using Row = std::tuple<const char*, int, const char*>;
+    for (const auto& [location, drawn, proposed] : {Row{"Hong Kong", 1, "Shanghai"},
+                                                    {"Hong Kong", 5, "Manila"},
+                                                    {"Batavia", 7, "Hong Kong"},
+                                                    {"Atlantis", 7, "Batavia"}}) {
+        ScriptedRandom random{roll(drawn, 7)};
+        EXPECT_EQ(game::proposedPort(random, location), proposed);
     }
 }
 
-TEST(Voyage, TakesAQuietMonth) {
-    ScriptedRandom random;
-    random.add({uneventful}, 25);
-    addQuietArrival(random);
-    random.add({uneventful}, 6);
-    TranscriptScene scene;
-    GameState state = test::newGame();
-    state.gcurBank = 1'999;
-    state.gcurDebt = 1'009;
-    GameState expected = state;
-    expected.gdtmDate = game::oneMonthLater(game::firstDay);
-    expected.gstrLocation = "Saigon";
-    expected.gcurPOpium = 15'000;
-    expected.gcurPSilk = 1'500;
-    expected.gcurPArms = 150;
-    expected.gcurPGeneral = 15;
-    expected.gcurBank = 2'008;
-    expected.gcurDebt = 1'109;
-    expected.gcurPayoff = 1;
-    expected.gblnGameSaved = false;
-
-    game::sail(state, random, scene, "Saigon");
-
-    EXPECT_EQ(state, expected);
-    EXPECT_EQ(scene.transcript.take(),
-              withdrawn + " - Departing Hong Kong\nat sea.........................\nin port\n" +
-                  " - Arriving at Saigon\n");
-    EXPECT_EQ(scene.waited, game::Milliseconds{25 * 90});
-}
-
-TEST(Voyage, MeetsPiratesTwiceAtMost) {
+TEST_F(Voyage, MeetsPiratesTwiceAtMost) {
     ScriptedRandom random;
     random.add({roll(5, 110)}, 3);
     random.add({roll(4, 110), roll(6, 110)}, 11);
-    addQuietArrival(random);
-    random.add({uneventful}, 6);
-    TranscriptScene scene;
-    GameState state = test::newGame();
-    game::sail(state, random, scene, "Manila");
-    EXPECT_EQ(scene.transcript.take(),
-              withdrawn + " - Departing Hong Kong\nat sea.\nbattle.\nbattle" +
-                  std::string(23, '.') + "\nin port\n - Arriving at Manila\n");
+    random.add({uneventful}, 13);
+    const std::string told = tell(game::sail, std::move(random), "Manila");
+    EXPECT_TRUE(told.ends_with("at sea.\nbattle.\nbattle" + std::string(23, '.') +
+                               "\nin port\n - Arriving at Manila\n"))
+        << told;
 }
 
-TEST(Voyage, EndsWhereTheGameEnds) {
-    ScriptedRandom random{uneventful, roll(5, 110)};
-    TranscriptScene scene;
-    GameState state = test::newGame();
-    scene.battle = [&state] { state.gblnActiveGame = false; };
+TEST_F(Voyage, EndsWhereTheGameEnds) {
+    scene.battle = [this] { state.gblnActiveGame = false; };
     GameState expected = state;
     expected.gblnActiveGame = false;
-    game::sail(state, random, scene, "Manila");
+    const std::string told = tell(game::sail, {uneventful, roll(5, 110)}, "Manila");
+    EXPECT_TRUE(told.ends_with("at sea..\nbattle\nin port\n")) << told;
     EXPECT_EQ(state, expected) << "no arrival, and as saved as it was";
-    EXPECT_EQ(scene.transcript.take(),
-              withdrawn + " - Departing Hong Kong\nat sea..\nbattle\nin port\n");
 }
 
-TEST(Arrival, IsBlownOffCourseToAnotherPortEvenHome) {
-    ScriptedRandom random;
-    random.add({lowestDraw}, 4);
-    random.add({roll(1, 25), roll(2, 7), roll(2, 7), roll(1, 7), uneventful, highestDraw});
-    TranscriptScene scene;
-    GameState state = test::newGame();
-    game::arrive(state, random, scene, "Shanghai");
-    EXPECT_EQ(scene.transcript.take(),
+TEST_F(Voyage, IsBlownOffCourseToAnotherPortEvenHome) {
+    EXPECT_EQ(arrive({0, 0, 0, 0, roll(1, 25), roll(5, 7), roll(5, 7), roll(1, 7), uneventful,
+                      highestDraw}),
               " - Zhenbao, we have been blown off course to Hong Kong\nflash red\n"
               " - Arriving at Hong Kong\n");
     EXPECT_EQ(state.gcurPayoff, 2);
 }
 
-TEST(Arrival, WeathersStorms) {
-    struct Case {
-        Currency condition;
-        double draw;
-        Currency left;
-    };
-    for (const Case& c : {Case{100, lowestDraw, 99},
-                          {100, highestDraw, 50},
-                          {11, highestDraw, 5},
-                          {10, highestDraw, 5}}) {
-        ScriptedRandom random{0, 0, 0, 0, uneventful, roll(5, 50), c.draw, 0};
-        TranscriptScene scene;
-        GameState state = test::newGame();
-        state.gcurStatus = c.condition;
-        game::arrive(state, random, scene, "Manila");
-        EXPECT_EQ(state.gcurStatus, c.left);
-        EXPECT_EQ(scene.transcript.take(),
-                  " - Zhenbao!, we have received " + game::plainText(c.condition - c.left) +
+TEST_F(Voyage, WeathersStorms) {
+    for (const auto& [condition, draw, left] : {std::tuple{100, lowestDraw, 99},
+                                                {100, highestDraw, 50},
+                                                {11, highestDraw, 5},
+                                                {10, highestDraw, 5}}) {
+        state.gcurStatus = condition;
+        EXPECT_EQ(arrive({0, 0, 0, 0, uneventful, roll(5, 50), draw, 0}),
+                  " - Zhenbao!, we have received " + std::to_string(condition - left) +
                       "% Damage from a storm\nflash red\n - Arriving at Manila\n");
+        EXPECT_EQ(state.gcurStatus, left);
     }
-    ScriptedRandom random{0, 0, 0, 0, uneventful, roll(5, 50), 0};
-    TranscriptScene scene;
-    GameState state = test::newGame();
     state.gcurStatus = 9;
-    game::arrive(state, random, scene, "Manila");
+    EXPECT_EQ(arrive({0, 0, 0, 0, uneventful, roll(5, 50), 0}), " - Arriving at Manila\n");
     EXPECT_EQ(state.gcurStatus, 9);
 }
 
-TEST(Arrival, RoundsInterestDown) {
-    struct Case {
-        Currency bank;
-        Currency bankLater;
-        Currency debt;
-        Currency debtLater;
-    };
-    for (const Case& c :
-         {Case{199, 199, 9, 9},
-          {200, 201, 10, 11},
-          {1'000, 1'005, 1'100, 1'210},
-          {0, 0, -15, -17},
-          {0, 0, -5, -6},
-          {Currency::highest(), Currency::highest(), Currency::lowest(), Currency::lowest()}}) {
-        ScriptedRandom random{0, 0, 0, 0, uneventful, uneventful, 0};
-        TranscriptScene scene;
-        GameState state = test::newGame();
-        state.gcurBank = c.bank;
-        state.gcurDebt = c.debt;
-        game::arrive(state, random, scene, "Manila");
-        EXPECT_EQ(state.gcurBank, c.bankLater);
-        EXPECT_EQ(state.gcurDebt, c.debtLater);
+TEST_F(Voyage, RoundsInterestDown) {
+    const Currency high = Currency::highest();
+    const Currency low = Currency::lowest();
+    using Row = std::array<Currency, 4>;
+    for (const auto& [bank, bankLater, debt, debtLater] : {Row{199, 199, 9, 9},
+                                                           {200, 201, 10, 11},
+                                                           {1'000, 1'005, 1'100, 1'210},
+                                                           {0, 0, -15, -17},
+                                                           {high, high, low, low}}) {
+        state.gcurBank = bank;
+        state.gcurDebt = debt;
+        arrive({0, 0, 0, 0, uneventful, uneventful, 0});
+        EXPECT_EQ(state.gcurBank, bankLater);
+        EXPECT_EQ(state.gcurDebt, debtLater);
     }
 }
 
-TEST(Events, AllHappenAtOnceInTheirOrder) {
-    ScriptedRandom random{roll(1, 5),  lowestDraw,  roll(2, 12), highestDraw, roll(3, 25),
-                          lowestDraw,  roll(4, 25), highestDraw, roll(5, 25), highestDraw,
-                          highestDraw, roll(1, 25), roll(2, 8)};
-    TranscriptScene scene;
-    GameState state = test::newGame();
-    state.gcurSOpium = 7;
-    state.gcurHold = 7;
+TEST_F(Voyage, MeetsAllEventsAtOnceInTheirOrder) {
+    state.gcurSOpium = state.gcurHold = 7;
     state.gcurWSilk = 100;
     state.gcurWArms = 1;
     state.gcurWGeneral = 3;
     GameState expected = state;
     expected.gcurPCannon = 400;
     expected.gcurPShip = 24'000;
-    expected.gcurSOpium = 0;
-    expected.gcurHold = 0;
+    expected.gcurSOpium = expected.gcurHold = 0;
     expected.gcurCash = 1'000 - 1 - 500;
     expected.gcurWSilk = 50;
     expected.gcurWGeneral = 1;
     expected.gcurPOpium = 2'000;
-
-    game::meetEvents(state, random, scene);
-
-    EXPECT_EQ(state, expected);
-    EXPECT_EQ(scene.transcript.take(),
+    EXPECT_EQ(meetEvents({roll(1, 5), lowestDraw, roll(2, 12), highestDraw, roll(3, 25), lowestDraw,
+                          roll(4, 25), highestDraw, roll(5, 25), highestDraw, highestDraw,
+                          roll(1, 25), roll(2, 8)}),
               " - Zhenbao, a ship's cannon is available for $400\n"
               "enable Cannon\n"
               " - Zhenbao, you can trade in your ship for one with 50 more capacity\n"
               "|  by paying an additional $24,000\n"
-              "enable Ship\n"
-              "flash cyan\n"
+              "enable Ship\nflash cyan\n"
               " - Bad Joss!  The local authorities have seized your opium\n"
-              "| and fined you $1\n"
-              "flash red\n"
-              " - Bad Joss!  You have been beaten up and robbed of $500\n"
-              "flash red\n"
-              " - Bad Joss!  Messanger reports large theft from warehouse, Zhenbao!\n"
-              "flash red\n"
-              " - The price of Opium has dropped to $2,000\n"
-              "flash cyan\n");
+              "| and fined you $1\nflash red\n"
+              " - Bad Joss!  You have been beaten up and robbed of $500\nflash red\n"
+              " - Bad Joss!  Messanger reports large theft from warehouse, Zhenbao!\nflash red\n"
+              " - The price of Opium has dropped to $2,000\nflash cyan\n");
+    EXPECT_EQ(state, expected);
 }
 
-TEST(Events, DrawBeforeTheyLookAtTheirConditions) {
-    ScriptedRandom random{roll(2, 5),  roll(2, 12), roll(3, 25),
-                          roll(4, 25), roll(5, 25), roll(2, 25)};
-    TranscriptScene scene;
-    GameState state = test::newGame();
+TEST_F(Voyage, DrawsEventsBeforeTheirConditions) {
     state.gcurMaxHold = 30'000;
     state.gcurCash = 9;
-    for (const game::GoodRow& good : game::goods) {
-        state.*good.warehouse = 1;
-    }
+    state.gcurWOpium = state.gcurWSilk = state.gcurWArms = state.gcurWGeneral = 1;
     const GameState before = state;
-    game::meetEvents(state, random, scene);
+    EXPECT_EQ(
+        meetEvents({roll(2, 5), roll(2, 12), roll(3, 25), roll(4, 25), roll(5, 25), roll(2, 25)}),
+        "");
     EXPECT_EQ(state, before);
-    EXPECT_EQ(scene.transcript.take(), "");
 }
 
-TEST(Events, TakeAtMostHalfAndNeverMoreThanThereIs) {
-    struct Case {
-        Currency cash;
-        double draw;
-        Currency left;
-    };
-    const auto seizedAndRobbed = [](ScriptedRandom& random, Currency cash) {
-        TranscriptScene scene;
-        GameState state = test::newGame();
+TEST_F(Voyage, LosesAtMostHalfAndNeverMoreThanThereIs) {
+    const double none = uneventful;
+    const double fine = roll(3, 25);
+    const double robbery = roll(4, 25);
+    using Row = std::tuple<Currency, std::vector<double>, Currency>;
+    for (const auto& [cash, draws, left] :
+         {Row{1, {none, none, fine, highestDraw, none, none, none}, 0},
+          {3, {none, none, fine, highestDraw, none, none, none}, 1},
+          {Currency::fromTenThousandths(5'000), {none, none, fine, 0, none, none, none}, 0},
+          {0, {none, none, fine, robbery, none, none}, 0},
+          {-5, {none, none, fine, robbery, none, none}, -5},
+          {11, {none, none, fine, 0, robbery, highestDraw, none, none}, 5}}) {
         state.gcurSOpium = state.gcurHold = 1;
         state.gcurCash = cash;
-        state.gcurMaxHold = 29'999;
-        game::meetEvents(state, random, scene);
+        meetEvents(ScriptedRandom{draws});
         EXPECT_EQ(state.gcurHold, 0);
-        return state.gcurCash;
-    };
-    for (const Case& c : {Case{1, highestDraw, 0},
-                          {3, highestDraw, 1},
-                          {Currency::fromTenThousandths(5'000), lowestDraw, 0}}) {
-        ScriptedRandom fine{uneventful, uneventful, roll(3, 25), c.draw,
-                            uneventful, uneventful, uneventful};
-        EXPECT_EQ(seizedAndRobbed(fine, c.cash), c.left);
+        EXPECT_EQ(state.gcurCash, left);
     }
-    for (const Currency penniless : {Currency{0}, Currency{-5}}) {
-        ScriptedRandom noFine{uneventful,  uneventful, roll(3, 25),
-                              roll(4, 25), uneventful, uneventful};
-        EXPECT_EQ(seizedAndRobbed(noFine, penniless), penniless);
-    }
-    ScriptedRandom robbery{uneventful,  uneventful,  roll(3, 25), lowestDraw,
-                           roll(4, 25), highestDraw, uneventful,  uneventful};
-    EXPECT_EQ(seizedAndRobbed(robbery, 11), 5);
 }
 
-TEST(Events, ShockOnePrice) {
-    struct Case {
-        int drawn;
-        game::Field price;
-        Currency before;
-        Currency after;
-        const char* entry;
-    };
-    for (const Case& c :
-         {Case{1, &GameState::gcurPOpium, 25'000, 150'000,
-               " - The price of Opium has risen to $150,000"},
-          {2, &GameState::gcurPOpium, 5'000, 833, " - The price of Opium has dropped to $833"},
-          {3, &GameState::gcurPSilk, 500, 3'000, " - The price of Silk has risen to $3,000"},
-          {4, &GameState::gcurPSilk, 2'500, 416, " - The price of Silk has dropped to $416"},
-          {5, &GameState::gcurPArms, 50, 300, " - The price of Arms has risen to $300"},
-          {6, &GameState::gcurPArms, 50, 8, " - The price of Arms has dropped to $8"},
-          {7, &GameState::gcurPGeneral, 25, 150, " - The price of General has risen to $150"},
-          {8, &GameState::gcurPGeneral, 5, 1, " - The price of General has dropped to $1"}}) {
-        ScriptedRandom random;
-        random.add({uneventful}, 5);
-        random.add({roll(1, 25), roll(c.drawn, 8)});
-        TranscriptScene scene;
-        GameState state = test::newGame();
-        state.*c.price = c.before;
+TEST_F(Voyage, ShocksOnePrice) {
+    using Row = std::tuple<game::Field, Currency, Currency, std::string>;
+    int drawn = 0;
+    for (const auto& [price, before, after, change] :
+         {Row{&GameState::gcurPOpium, 25'000, 150'000, "Opium has risen to $150,000"},
+          {&GameState::gcurPOpium, 5'000, 833, "Opium has dropped to $833"},
+          {&GameState::gcurPSilk, 500, 3'000, "Silk has risen to $3,000"},
+          {&GameState::gcurPSilk, 2'500, 416, "Silk has dropped to $416"},
+          {&GameState::gcurPArms, 50, 300, "Arms has risen to $300"},
+          {&GameState::gcurPArms, 50, 8, "Arms has dropped to $8"},
+          {&GameState::gcurPGeneral, 25, 150, "General has risen to $150"},
+          {&GameState::gcurPGeneral, 5, 1, "General has dropped to $1"}}) {
+        state.*price = before;
         GameState expected = state;
-        expected.*c.price = c.after;
-        game::meetEvents(state, random, scene);
+        expected.*price = after;
+        EXPECT_EQ(meetEvents({uneventful, uneventful, uneventful, uneventful, uneventful,
+                              roll(1, 25), roll(++drawn, 8)}),
+                  " - The price of " + change + "\nflash cyan\n");
         EXPECT_EQ(state, expected);
-        EXPECT_EQ(scene.transcript.take(), std::string{c.entry} + "\nflash cyan\n");
     }
 }
 
-TEST(Visitors, CallWhereAndWhenTheyShould) {
+TEST_F(Voyage, IsVisitedWhereAndWhenItShould) {
     const std::string lieutenant =
         " - Kwan Tat has sent a lieutenant, Zhenbao.  He says his admiral wishes\n"
         "| to see you in Hong Kong, Posthaste!\n";
-    const std::string dunmore =
-        " - Zhenbao, Dunmore from the Hong Kong Shipyards has arrived!  He says,\n"
-        "|  'I see ye've a wee bit of damage to yer ship.  I can repair your ship'\n";
-    struct Case {
-        const char* port;
-        Currency counter;
-        Currency condition;
-        std::string transcript;
-    };
-    for (const Case& c : {Case{"Manila", 10, 50, ""},
-                          {"Manila", 11, 50, lieutenant},
-                          {"Hong Kong", 10, 100, "enable Money\n"},
-                          {"Hong Kong", 0, 99, "enable Money\n" + dunmore}}) {
-        ScriptedRandom random;
-        TranscriptScene scene;
-        GameState state = test::newGame();
-        state.gstrLocation = c.port;
-        state.gcurPayoff = c.counter;
-        state.gcurStatus = c.condition;
+    using Row = std::tuple<const char*, int, std::string>;
+    for (const auto& [port, counter, visits] :
+         {Row{"Manila", 10, ""}, {"Manila", 11, lieutenant}, {"Hong Kong", 10, "enable Money\n"}}) {
+        state.gstrLocation = port;
+        state.gcurPayoff = counter;
         const GameState before = state;
-        game::receiveVisitors(state, random, scene);
+        EXPECT_EQ(tell(game::receiveVisitors, {}), visits);
         EXPECT_EQ(state, before);
-        EXPECT_EQ(scene.transcript.take(), c.transcript);
     }
 }
 
-TEST(Visitors, AskForATributeByNetWorth) {
-    struct Case {
-        Currency netWorth;
-        std::initializer_list<double> draws;
-        Currency tribute;
-    };
-    for (const Case& c : {Case{0, {lowestDraw, lowestDraw}, 22},
-                          {0, {highestDraw, highestDraw}, 101},
-                          {400, {highestDraw}, 20},
-                          {400, {roll(18, 20), lowestDraw}, 39},
-                          {999'999, {highestDraw}, 50'000},
-                          {-2'000, {roll(80, 100), lowestDraw}, 58},
-                          {-420, {highestDraw, lowestDraw}, 1},
-                          {-440, {highestDraw, lowestDraw}, 0}}) {
-        ScriptedRandom random{c.draws};
-        const GameState state =
-            test::newGameWith([&](auto& game) { game.gcurNetWorth = c.netWorth; });
-        EXPECT_EQ(game::drawTribute(state, random), c.tribute) << game::plainText(c.netWorth);
+TEST_F(Voyage, OwesATributeByNetWorth) {
+    using Row = std::tuple<Currency, std::vector<double>, Currency>;
+    for (const auto& [netWorth, draws, tribute] : {Row{0, {lowestDraw, lowestDraw}, 22},
+                                                   {0, {highestDraw, highestDraw}, 101},
+                                                   {400, {highestDraw}, 20},
+                                                   {400, {roll(18, 20), lowestDraw}, 39},
+                                                   {999'999, {highestDraw}, 50'000},
+                                                   {-2'000, {roll(80, 100), lowestDraw}, 58},
+                                                   {-420, {highestDraw, lowestDraw}, 1},
+                                                   {-440, {highestDraw, lowestDraw}, 0}}) {
+        ScriptedRandom random{draws};
+        state.gcurNetWorth = netWorth;
+        EXPECT_EQ(game::drawTribute(state, random), tribute) << game::plainText(netWorth);
     }
 }
 
-TEST(Visitors, TakeATributePaidPartlyPaidOrRefused) {
-    struct Case {
-        Currency cash;
-        bool pays;
-        Currency cashLeft;
-        Currency debt;
-        Currency counter;
-        std::string after;
-    };
-    const std::string asked =
-        "enable Money\nask [Will You Pay?] Kwan Tat asks for $22 in donation to the temple of "
-        "Tin Hau, the Sea Goddess.   \n";
+TEST_F(Voyage, PaysATributeInFullInPartOrNotAtAll) {
     const std::string paid = " - Payed $22 in donation to the temple of Tin Hau\n";
-    for (const Case& c :
-         {Case{22, true, 0, 0, 0, paid},
+    using Row = std::tuple<int, bool, int, int, int, std::string>;
+    for (const auto& [cash, pays, cashLeft, debt, counter, after] :
+         {Row{22, true, 0, 0, 0, paid},
           {21, true, 0, 1, 0, "inform [Not Enough Cash] Adding Difference to Debt   \n" + paid},
           {22, false, 22, 0, 11, ""}}) {
-        ScriptedRandom random{lowestDraw, lowestDraw};
-        TranscriptScene scene;
-        scene.answers = {c.pays};
-        GameState state = test::newGame();
-        state.gcurPayoff = 11;
-        state.gcurCash = c.cash;
+        scene.answers = {pays};
+        state = test::newGame();
         GameState expected = state;
-        expected.gcurCash = c.cashLeft;
-        expected.gcurDebt = c.debt;
-        expected.gcurPayoff = c.counter;
-        game::receiveVisitors(state, random, scene);
+        expected.gcurCash = cashLeft;
+        expected.gcurDebt = debt;
+        expected.gcurPayoff = counter;
+        state.gcurPayoff = 11;
+        state.gcurCash = cash;
+        EXPECT_EQ(tell(game::receiveVisitors, {lowestDraw, lowestDraw}),
+                  "enable Money\nask [Will You Pay?] Kwan Tat asks for $22 in donation to the "
+                  "temple of Tin Hau, the Sea Goddess.   \n" +
+                      after);
         EXPECT_EQ(state, expected);
-        EXPECT_EQ(scene.transcript.take(), asked + c.after);
     }
 }
 

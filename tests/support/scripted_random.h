@@ -5,7 +5,7 @@
 #include <cmath>
 #include <deque>
 #include <initializer_list>
-#include <utility>
+#include <vector>
 
 #include "random.h"
 
@@ -23,6 +23,8 @@ inline const double highestDraw = std::nextafter(1.0, 0.0);
 class ScriptedRandom final : public game::Random {
 public:
     ScriptedRandom(std::initializer_list<double> draws = {}) : m_draws(draws) {}
+    explicit ScriptedRandom(const std::vector<double>& draws)
+        : m_draws(draws.begin(), draws.end()) {}
     ScriptedRandom(const ScriptedRandom&) = delete;
     ScriptedRandom& operator=(const ScriptedRandom&) = delete;
     ~ScriptedRandom() override { EXPECT_EQ(m_draws.size(), 0U) << "draws left over"; }

@@ -37,10 +37,6 @@ TEST_F(frmAboutTest, AsksForItsLinksByMouseAndByKeyboard) {
     }
     EXPECT_EQ(opened, (QList<QUrl>{homePage, supportMail}));
     EXPECT_TRUE(form.isVisible());
-
-    opened.clear();
-    ui::openHomePage(mainForm.fakeDesktop);
-    EXPECT_EQ(opened, QList<QUrl>{homePage});
 }
 
 TEST_F(frmAboutTest, ShowsTheVersionAndTheShipAndClosesByAnyOfItsKeys) {

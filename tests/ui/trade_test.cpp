@@ -119,18 +119,13 @@ TEST(SellForm, FillsInStocksAndSellsEverything) {
 }
 
 TEST(NewGameForm, NamesTheFirm) {
-    struct Case {
-        const char* typed;
-        const char* name;
-    };
-    for (const Case& c : {Case{"", "Zhenbao"},
-                          {"   ", "Zhenbao"},
-                          {"  acme trading ", "Acme trading"},
-                          {"mcKay", "McKay"},
-                          {"école", "École"},
-                          {"ßa", "ßa"},
-                          {"𐐨x", "𐐀x"}}) {
-        EXPECT_EQ(ui::firmName(QString::fromUtf8(c.typed)).toStdString(), c.name);
+    for (const auto& [typed, name] : {std::pair{"   ", "Zhenbao"},
+                                      {"  acme trading ", "Acme trading"},
+                                      {"mcKay", "McKay"},
+                                      {"école", "École"},
+                                      {"ßa", "ßa"},
+                                      {"𐐨x", "𐐀x"}}) {
+        EXPECT_EQ(ui::firmName(QString::fromUtf8(typed)).toStdString(), name);
     }
 }
 
