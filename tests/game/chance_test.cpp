@@ -162,12 +162,14 @@ TEST(Chance, NeverSpoilsTheBooksOfAHouse) {
         game::arrive(state, random, scene, game::ports.at(static_cast<std::size_t>(port) - 1));
         game::meetEvents(state, random, scene);
         scene.answers = {true};
+        const Currency counter = state.gcurPayoff;
         game::receiveVisitors(state, random, scene);
 
         ASSERT_EQ(state.gcurHold, game::totalStock(state, game::Place::Ship) +
                                       state.gcurCannons * game::holdPerCannon);
         ASSERT_LE(state.gcurHold, state.gcurMaxHold);
         ASSERT_LE(game::totalStock(state, game::Place::Warehouse), game::warehouseCapacity);
+        ASSERT_EQ(state.gcurPayoff, scene.answers.empty() ? Currency{0} : counter);
         ASSERT_GE(state.gcurCash, 0);
         ASSERT_GE(state.gcurStatus, 5);
         for (const game::GoodRow& good : game::goods) {

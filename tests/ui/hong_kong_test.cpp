@@ -176,8 +176,9 @@ TEST(Repair, TheSliderStaysBetweenTheConditionAndWhatTheCashPaysFor) {
         EXPECT_EQ(visit.text("txtStatus"), QString::number(condition) + "%");
         EXPECT_EQ(visit.text("txtPrice"), price);
         EXPECT_EQ(visit.enabled("cmdRepair"), condition > 80);
-        EXPECT_EQ(visit.mainForm.previewed, condition);
+        EXPECT_EQ(visit.mainForm.previewed.value_or(80), condition);
     };
+    EXPECT_EQ(visit.mainForm.previewed, std::nullopt) << "nothing was moved";
     shows(80, "$0");
     visit.press("sldRepair", Qt::Key_Right);
     shows(81, "$600");
@@ -210,7 +211,7 @@ TEST(Repair, PaysForTheChosenConditionOrAllThatCashAllows) {
 
     Visit<ui::frmRepair> unsound(
         [](game::GameState& state) { state.gcurStatus = 150, state.gcurMaxHold = -60; });
-    unsound.press("sldRepair", Qt::Key_PageUp);
+    unsound.press("sldRepair", Qt::Key_PageDown);
     EXPECT_EQ(unsound.mainForm.previewed, 150);
     EXPECT_FALSE(unsound.enabled("cmdRepair"));
     unsound.click("cmdRepairMax");
