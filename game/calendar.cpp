@@ -5,7 +5,10 @@
 
 namespace game {
 
-using namespace std::chrono;
+using std::chrono::last;
+using std::chrono::months;
+using std::chrono::year_month;
+using std::chrono::year_month_day;
 
 GameDate oneMonthLater(const GameDate& date) {
     const year_month next = year_month{date.year(), date.month()} + months{1};

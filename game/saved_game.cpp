@@ -59,11 +59,11 @@ bool read(std::string_view value, GameDate& date) {
     return date.ok() && date.year() >= firstYear;
 }
 bool read(std::string_view value, std::string& text) {
-    if (!value.starts_with('"') || value.find('\0') != value.npos) {
+    if (!value.starts_with('"') || value.find('\0') != std::string_view::npos) {
         return false;
     }
     const std::size_t end = value.find('"', 1);
-    if (end == value.npos) {
+    if (end == std::string_view::npos) {
         return false;
     }
     text = value.substr(1, end - 1);

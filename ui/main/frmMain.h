@@ -70,12 +70,12 @@ private:
     bool m_underWay = false;
 
     Menus* m_menus;
-    HousePanel* fraHouse;
-    PricesPanel* fraPrices;
-    GaugePanel* fraStatus;
-    GaugePanel* fraHold;
-    OrdersPanel* fraOrders;
-    LogView* txtLog;
+    HousePanel* fraHouse = nullptr;
+    PricesPanel* fraPrices = nullptr;
+    GaugePanel* fraStatus = nullptr;
+    GaugePanel* fraHold = nullptr;
+    OrdersPanel* fraOrders = nullptr;
+    LogView* txtLog = nullptr;
 };
 
 }  // namespace ui
