@@ -53,7 +53,7 @@ configure() {
     rm -f "$log"
 }
 
-# Builds targets of a preset, all by default. Silent when there is nothing to do.
+# Builds targets of a preset, all by default. Says little where there is little to do.
 build() {
     local preset=$1
     shift
