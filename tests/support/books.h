@@ -4,8 +4,8 @@
 #include <QStringList>
 #include <algorithm>
 #include <array>
-#include <cmath>
 #include <functional>
+#include <utility>
 
 #include "amount.h"
 #include "game_state.h"
@@ -64,6 +64,7 @@ public:
         for (const Kind& kind : kinds()) {
             if (const auto match = kind.pattern.match(body); match.hasMatch()) {
                 m_said = match;
+                m_state.gblnGameSaved = m_state.gblnGameSaved && !kind.changes;
                 m_findings = &findings;
                 m_dateWanted = m_state.gdtmDate;
                 kind.book(*this);
@@ -141,8 +142,15 @@ public:
 
 private:
     struct Kind {
+        Kind(const char* kind, const char* text, bool isChange, std::function<void(Books&)> effect)
+            : name(kind),
+              pattern(QRegularExpression::anchoredPattern(QString(text))),
+              changes(isChange),
+              book(std::move(effect)) {}
+
         QString name;
         QRegularExpression pattern;
+        bool changes;  ///< what a saved game does not know of
         std::function<void(Books&)> book;
     };
 
@@ -159,17 +167,11 @@ private:
         return *std::find_if(game::goods.begin(), game::goods.end(),
                              [&name](const game::GoodRow& row) { return row.name == name; });
     }
+    void add(game::Field field, game::Currency change) { m_state.*field += change; }
     void trade(int sign) {
-        const game::GoodRow& traded = good(2);
-        m_state.*traded.ship += amount() * sign;
-        m_state.gcurCash -= amount() * amount(3) * sign;
-        m_findings->same("price in an entry", amount(3), m_state.*traded.price);
-        m_state.gblnGameSaved = false;
-    }
-    void move(game::Field from, game::Field to, int sign = 1) {
-        m_state.*from -= amount();
-        m_state.*to += amount() * sign;
-        m_state.gblnGameSaved = false;
+        add(good(2).ship, amount() * sign);
+        add(&game::GameState::gcurCash, amount() * amount(3) * -sign);
+        m_findings->same("price in an entry", amount(3), m_state.*good(2).price);
     }
     void depart() {
         m_findings->same("port left", m_said.captured(1), ui::fromRules(m_state.gstrLocation));
@@ -183,15 +185,20 @@ private:
         m_state.gdtmDate = m_dateWanted;
         m_state.gstrLocation = ui::toRules(m_said.captured(1));
         lender = game::inHongKong(m_state);
-        const auto interest = [](game::Currency balance, double rate) {
-            return game::Currency{static_cast<std::int64_t>(std::floor(balance.toDouble() * rate))};
-        };
-        m_state.gcurBank += interest(m_state.gcurBank, 0.005);
-        m_state.gcurDebt += interest(m_state.gcurDebt, 0.1);
+        m_state.gcurBank += game::Int(m_state.gcurBank.toDouble() * 0.005);
+        m_state.gcurDebt += game::Int(m_state.gcurDebt.toDouble() * 0.1);
         for (const game::GoodRow& good : game::goods) {
             m_state.*good.price = 0;  // not known from the report
         }
-        m_state.gblnGameSaved = false;
+    }
+    void offer(bool& offered, game::Currency lowest, game::Currency highest) {
+        m_findings->holds(amount() >= lowest && amount() <= highest,
+                          "an offer of " + m_said.captured(1));
+        offered = true;
+    }
+    void takeOffer(bool& offered) {
+        m_findings->holds(std::exchange(offered, false), "bought what nobody offered");
+        m_state.gcurCash -= amount();
     }
     void payTribute() {
         const game::Currency missing = std::max(amount() - m_state.gcurCash, game::Currency{0});
@@ -199,107 +206,104 @@ private:
         m_state.gcurDebt += missing;
     }
     static const std::vector<Kind>& kinds() {
-        using game::GameState;
-        const auto kind = [](const char* name, const char* pattern,
-                             std::function<void(Books&)> book) {
-            return Kind{name, QRegularExpression('^' + QString(pattern) + '$'), std::move(book)};
+        using State = game::GameState;
+        constexpr auto cash = &State::gcurCash;
+        const auto to = [](game::Field field, int sign = 1) {
+            return [=](Books& books) { books.add(field, books.amount() * sign); };
         };
+        const auto between = [](game::Field from, game::Field into, int sign) {
+            return [=](Books& books) {
+                books.add(from, -books.amount());
+                books.add(into, books.amount() * sign);
+            };
+        };
+        const auto nothing = [](Books&) {};
         static const std::vector<Kind> all{
-            kind("goods bought", R"(Bought (\d+) (\w+) @ (\S+) Each)",
-                 [](Books& books) { books.trade(1); }),
-            kind("goods sold", R"(Sold (.*) (\w+) @ (\S+) Each)",
-                 [](Books& books) { books.trade(-1); }),
-            kind("moved aboard", R"(Transfered (.*) (\w+) to Ship)",
-                 [](Books& books) { books.move(books.good(2).warehouse, books.good(2).ship); }),
-            kind("moved ashore", R"(Transfered (.*) (\w+) to Warehouse)",
-                 [](Books& books) { books.move(books.good(2).ship, books.good(2).warehouse); }),
-            kind("deposit", R"(Deposited (.*))",
-                 [](Books& books) { books.move(&GameState::gcurCash, &GameState::gcurBank); }),
-            kind("withdrawal", R"(Withdrew (.*))",
-                 [](Books& books) { books.move(&GameState::gcurBank, &GameState::gcurCash); }),
-            kind("loan", R"(Borrowed (.*))",
-                 [](Books& books) {
-                     books.m_state.gcurCash += books.amount();
-                     books.m_state.gcurDebt += books.amount();
-                     books.m_state.gblnGameSaved = books.lender = false;
-                 }),
-            kind("repayment", R"(Repayed (.*))",
-                 [](Books& books) { books.move(&GameState::gcurCash, &GameState::gcurDebt, -1); }),
-            kind("repair", R"(Repaired (\d+)% of Ship for (.*))",
-                 [](Books& books) {
-                     books.m_findings->same("price of a repair", books.amount(2),
-                                            books.amount() * books.m_state.gcurMaxHold * 10);
-                     books.m_state.gcurStatus += books.amount();
-                     books.m_state.gcurCash -= books.amount(2);
-                     books.m_state.gblnGameSaved = false;
-                 }),
-            kind("cannon bought", R"(Bought a New Cannon for (.*))",
-                 [](Books& books) {
-                     books.m_findings->holds(books.cannonOffered, "a cannon nobody offered");
-                     books.cannonOffered = false;
-                     books.m_state.gcurCash -= books.amount();
-                     books.m_state.gcurCannons += 1;
-                 }),
-            kind("ship bought", R"(Bought a New Ship for (.*))",
-                 [](Books& books) {
-                     books.m_findings->holds(books.shipOffered, "a ship nobody offered");
-                     books.shipOffered = false;
-                     books.m_state.gcurCash -= books.amount();
-                     books.m_state.gcurMaxHold += 50;
-                     books.m_state.gcurStatus = 100;
-                 }),
-            kind("departure", R"(Departing (.*?)\.*)", [](Books& books) { books.depart(); }),
-            kind("cannon lost", R"(The buggers hit a Cannon, Zhenbao)",
-                 [](Books& books) { books.m_state.gcurCannons -= 1; }),
-            kind("booty", R"(You got some booty worth (.*))",
-                 [](Books& books) { books.m_state.gcurCash += books.amount(); }),
-            kind("blown off course", R"(Zhenbao, we have been blown off course to (.*))",
-                 [](Books& books) { books.endMonth(); }),
-            kind("storm", R"(Zhenbao!, we have received (\d+)% Damage from a storm)",
-                 [](Books& books) {
-                     books.endMonth();
-                     books.m_state.gcurStatus -= books.amount();
-                 }),
-            kind("arrival", R"(Arriving at (.*))", [](Books& books) { books.arrive(); }),
-            kind("cannon offered", R"(Zhenbao, a ship's cannon is available for (.*))",
-                 [](Books& books) {
-                     books.m_findings->holds(books.amount() >= 400 && books.amount() <= 3'000,
-                                             "a cannon for " + books.m_said.captured(1));
-                     books.cannonOffered = true;
-                 }),
-            kind("ship offered",
-                 R"(Zhenbao, you can trade in your ship for one with 50 more capacity)"
-                 R"(\| by paying an additional (.*))",
-                 [](Books& books) {
-                     books.m_findings->holds(books.amount() >= 5'000 &&
-                                                 books.amount() <= books.m_state.gcurMaxHold * 400,
-                                             "a ship for " + books.m_said.captured(1));
-                     books.shipOffered = true;
-                 }),
-            kind("opium seized",
-                 R"(Bad Joss!  The local authorities have seized your opium\|and fined you (.*))",
-                 [](Books& books) {
-                     books.m_state.gcurSOpium = 0;
-                     books.m_state.gcurCash -= books.amount();
-                 }),
-            kind("robbery", R"(Bad Joss!  You have been beaten up and robbed of (.*))",
-                 [](Books& books) { books.m_state.gcurCash -= books.amount(); }),
-            kind("theft", R"(Bad Joss!  Messanger reports large theft from warehouse, Zhenbao!)",
-                 [](Books& books) { books.m_stolen = true; }),
-            kind("price shock", R"(The price of (\w+) has (?:risen|dropped) to (.*))",
-                 [](Books& books) { books.m_state.*books.good(1).price = books.amount(2); }),
-            kind("lieutenant",
-                 R"(Kwan Tat has sent a lieutenant, Zhenbao.  He says his admiral wishes)"
-                 R"(\|to see you in Hong Kong, Posthaste!)",
-                 [](Books&) {}),
-            kind("Dunmore",
-                 R"(Zhenbao, Dunmore from the Hong Kong Shipyards has arrived!  He says,)"
-                 R"(\| 'I see ye've a wee bit of damage to yer ship.  I can repair your ship')",
-                 [](Books&) {}),
-            kind("tribute paid", R"(Payed (.*) in donation to the temple of Tin Hau)",
-                 [](Books& books) { books.payTribute(); }),
-            kind("game saved", R"(Game Saved Successfully)",
-                 [](Books& books) { books.m_state.gblnGameSaved = true; }),
+            {"goods bought", R"(Bought (\d+) (\w+) @ (\S+) Each)", true,
+             [](Books& books) { books.trade(1); }},
+            {"goods sold", R"(Sold (.*) (\w+) @ (\S+) Each)", true,
+             [](Books& books) { books.trade(-1); }},
+            {"moved aboard", R"(Transfered (.*) (\w+) to Ship)", true, nothing},
+            {"moved ashore", R"(Transfered (.*) (\w+) to Warehouse)", true, nothing},
+            {"deposit", R"(Deposited (.*))", true, between(cash, &State::gcurBank, 1)},
+            {"withdrawal", R"(Withdrew (.*))", true, between(&State::gcurBank, cash, 1)},
+            {"loan", R"(Borrowed (.*))", true,
+             [](Books& books) {
+                 books.add(&State::gcurCash, books.amount());
+                 books.add(&State::gcurDebt, books.amount());
+                 books.lender = false;
+             }},
+            {"repayment", R"(Repayed (.*))", true, between(cash, &State::gcurDebt, -1)},
+            {"repair", R"(Repaired (\d+)% of Ship for (.*))", true,
+             [](Books& books) {
+                 books.m_findings->same("price of a repair", books.amount(2),
+                                        books.amount() * books.m_state.gcurMaxHold * 10);
+                 books.add(&State::gcurStatus, books.amount());
+                 books.add(&State::gcurCash, -books.amount(2));
+             }},
+            {"cannon bought", R"(Bought a New Cannon for (.*))", false,
+             [](Books& books) {
+                 books.takeOffer(books.cannonOffered);
+                 books.add(&State::gcurCannons, 1);
+             }},
+            {"ship bought", R"(Bought a New Ship for (.*))", false,
+             [](Books& books) {
+                 books.takeOffer(books.shipOffered);
+                 books.add(&State::gcurMaxHold, 50);
+                 books.m_state.gcurStatus = 100;
+             }},
+            {"departure", R"(Departing (.*?)\.*)", false, [](Books& books) { books.depart(); }},
+            {"cannon lost", R"(The buggers hit a Cannon, Zhenbao)", false,
+             [](Books& books) { books.add(&State::gcurCannons, -1); }},
+            {"booty", R"(You got some booty worth (.*))", false, to(cash)},
+            {"blown off course", R"(Zhenbao, we have been blown off course to .*)", false,
+             [](Books& books) { books.endMonth(); }},
+            {"storm", R"(Zhenbao!, we have received (\d+)% Damage from a storm)", false,
+             [](Books& books) {
+                 books.endMonth();
+                 books.add(&State::gcurStatus, -books.amount());
+             }},
+            {"arrival", R"(Arriving at (.*))", true, [](Books& books) { books.arrive(); }},
+            {"cannon offered", R"(Zhenbao, a ship's cannon is available for (.*))", true,
+             [](Books& books) { books.offer(books.cannonOffered, 400, 3'000); }},
+            {"ship offered",
+             R"(Zhenbao, you can trade in your ship for one with 50 more capacity)"
+             R"(\| by paying an additional (.*))",
+             true,
+             [](Books& books) {
+                 books.offer(books.shipOffered, 5'000, books.m_state.gcurMaxHold * 400);
+             }},
+            {"opium seized",
+             R"(Bad Joss!  The local authorities have seized your opium\|and fined you (.*))", true,
+             [](Books& books) {
+                 books.m_state.gcurSOpium = 0;
+                 books.add(&State::gcurCash, -books.amount());
+             }},
+            {"robbery", R"(Bad Joss!  You have been beaten up and robbed of (.*))", true,
+             to(cash, -1)},
+            {"theft", R"(Bad Joss!  Messanger reports large theft from warehouse, Zhenbao!)", true,
+             [](Books& books) { books.m_stolen = true; }},
+            {"price shock", R"(The price of \w+ has (?:risen|dropped) to (.*) *)", true,
+             [](Books& books) {
+                 const QString name = books.m_said.captured(0).section(' ', 3, 3);
+                 for (const game::GoodRow& good : game::goods) {
+                     if (ui::fromRules(good.name) == name) {
+                         books.m_state.*good.price = books.amount();
+                     }
+                 }
+             }},
+            {"lieutenant",
+             R"(Kwan Tat has sent a lieutenant, Zhenbao.  He says his admiral wishes)"
+             R"(\|to see you in Hong Kong, Posthaste!)",
+             true, nothing},
+            {"Dunmore",
+             R"(Zhenbao, Dunmore from the Hong Kong Shipyards has arrived!  He says,)"
+             R"(\| 'I see ye've a wee bit of damage to yer ship.  I can repair your ship')",
+             true, nothing},
+            {"tribute paid", R"(Payed (.*) in donation to the temple of Tin Hau)", true,
+             [](Books& books) { books.payTribute(); }},
+            {"game saved", R"(Game Saved Successfully)", false,
+             [](Books& books) { books.m_state.gblnGameSaved = true; }},
         };
         return all;
     }
