@@ -124,6 +124,7 @@ public:
         bool lawful = std::find(game::ports.begin(), game::ports.end(), state.gstrLocation) !=
                           game::ports.end() &&
                       state.gcurHold == holdInUse(state) && state.gcurHold <= state.gcurMaxHold &&
+                      state.gcurMaxHold >= 60 && state.gcurMaxHold < 1'000'000 &&
                       state.gcurStatus <= 100 && state.gcurStatus >= 1 &&
                       game::totalStock(state, game::Place::Warehouse) <= game::warehouseCapacity &&
                       state.gdtmDate >= game::firstDay &&

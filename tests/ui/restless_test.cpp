@@ -395,6 +395,7 @@ private:
         m_top = top->objectName();
         m_books.underWay = !m_mainForm.menuBar()->actions().constFirst()->isEnabled();
         expect(!m_books.underWay || !atRest, "closed menus in port");
+        expect(!state().gblnGameOver || !atRest, "nothing follows the end of a game");
         // A loop may still be busy with the last events of a dialog that has closed.
         if (QApplication::activePopupWidget() == nullptr && (atRest || !alone)) {
             Findings findings;
@@ -592,14 +593,14 @@ private:
             {"frmNew", "txtFirm <W> <U> <&> optCash optDebt <Return> <Return>"},
             {"frmSell", "cmdSellAll cmdSellAll cmdSellAll cmdMaxOpium cmdSell optWarehouse close"},
             {"frmTransfer",
-             "cboShip cboWarehouse cboSAmount cboSAmount cboWAmount cboWAmount cmdCancel"},
+             "cboShip cboWarehouse cboSAmount cboSAmount cboWAmount cboWAmount <9> <9> cmdCancel"},
             {"frmVisit", "cboDeposit cboDeposit cboWithdraw cboWithdraw <9> cmdOK cmdOK cmdCancel"},
             {"frmMoney", "cboBorrow cboBorrow cboRepay <9> cmdOK cmdOK cmdOK cmdCancel"},
             {"frmRepair", "cmdRepairMax sldRepair <Right> <PgUp> <End> <Home> cmdRepair cmdCancel"},
             {"frmLeave", "<Down> optHongKong <Return> <Return> <Return> <Return> <Esc>"},
             {"frmPirate",
              "cmdFight cmdFight cmdFight cmdDeath cmdDeath cmdRun cmdRun cmdDump close"},
-            {"frmStats", "<Return> <Return> <Return> <Esc> cmdRetire"},
+            {"frmStats", "<Return> <Return> <Esc> cmdRetire cmdRetire"},
             {"frmHelp", "cmdHints cmdIntructions cmdMoney <Esc>"},
             {"frmAbout", "lblHomepage lblContact <Esc>"},
             {"msgBox", "<Return> <Return> <Return> <Esc> <Esc> <Esc>"}};
@@ -611,8 +612,8 @@ private:
                              ? "cmdBuy cmdBuy <Return> <9> <9> optWarehouse close"
                              : qPrintable(bestBuy() + " optWarehouse close"));
         } else if (name == "frmTransfer" && enabled(*top, "cmdTransfer")) {
-            doAnyOf(top, "cmdTransfer cmdTransfer cmdTransfer <9> <9>");
-        } else if (name == "msgBox" && dice(2) == 1) {
+            doAnyOf(top, "cmdTransfer cmdTransfer cmdTransfer cmdTransfer <9> <9>");
+        } else if (name == "msgBox" && dice(5) <= 3) {
             click(any(top->findChildren<QPushButton*>()));
         } else if (!m_waiting || dice(8) == 1) {
             doAnyOf(top, habits[name]);
@@ -626,7 +627,7 @@ private:
             return "<Ctrl+N> <Ctrl+L>";
         }
         if (dice(12) == 1) {
-            return "<Ctrl+S> <Ctrl+L> <Ctrl+L> <Ctrl+N> <Alt+O> <Alt+O> <F1> cmdCannon";
+            return "<Ctrl+S> <Ctrl+L> <Ctrl+L> <Ctrl+N> <Alt+O> <Alt+O> <Alt+H> <Alt+H> cmdCannon";
         }
         const auto can = [&](const char* order) { return enabled(m_mainForm, order); };
         const bool home = game::inHongKong(state());
@@ -640,7 +641,7 @@ private:
         return can("cmdShip") && state().gcurPShip * 2 <= state().gcurCash ? "cmdShip"
                : can("cmdCannon") && m_fights                              ? "cmdCannon cmdLeave"
                : can("cmdMoney") && dice(4) == 1                           ? "cmdMoney"
-               : can("cmdVisit") && dice(6) == 1                           ? "cmdVisit cmdTransfer"
+               : can("cmdVisit") && dice(4) == 1                           ? "cmdVisit cmdTransfer"
                : can("cmdRepair") && dice(6) == 1                          ? "cmdRepair"
                : dear                                                      ? "cmdSell"
                : cargo ? "cmdLeave cmdLeave cmdSell cmdBuy"
@@ -747,7 +748,8 @@ void layOutFiles(const QString& folder) {
          {Turn{&GameState::gcurDebt, 940'000'000'000, &GameState::gcurBank, 1},
           {&GameState::gcurStatus, 3, &GameState::gcurPayoff, 11},
           {&GameState::gcurStatus, 9, &GameState::gcurSOpium, 50},
-          {&GameState::gcurWSilk, 9'990, &GameState::gcurCash, 99'999'999},
+          {&GameState::gcurWSilk, 10'000, &GameState::gcurSOpium, 9},
+          {&GameState::gcurDebt, 980'000'000'000, &GameState::gcurPayoff, 12},
           {&GameState::gcurWGeneral, 40, &GameState::gcurBank, 77'000},
           {&GameState::gcurCash, 999'999, &GameState::gcurPayoff, 11},
           {&GameState::gcurBank, 999'999'000'000, &GameState::gcurCash, 1'000},

@@ -24,7 +24,10 @@ LogView::LogView() {
     setUndoRedoEnabled(false);
     setTabChangesFocus(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    showCalm();
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, Qt::black);
+    colours.setColor(QPalette::Text, QColor(0xE6, 0xE1, 0xD3));
+    setPalette(colours);
 }
 
 void LogView::open(const game::GameDate& date, std::string_view message) {
@@ -67,11 +70,11 @@ void LogView::showEnd() {
 }
 
 void LogView::showAlert(game::Alert alert) {
-    setColours(alert == game::Alert::Misfortune ? Qt::red : Qt::cyan, Qt::black);
+    setBackground(alert == game::Alert::Misfortune ? Qt::red : Qt::cyan);
 }
 
 void LogView::showCalm() {
-    setColours(Qt::black, QColor(0xE6, 0xE1, 0xD3));
+    setBackground(Qt::black);
 }
 
 void LogView::insertAtEnd(std::string_view text) {
@@ -86,11 +89,11 @@ void LogView::insertAtEnd(std::string_view text) {
     end.insertText(shown(text));
 }
 
-void LogView::setColours(const QColor& background, const QColor& text) {
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, background);
-    colours.setColor(QPalette::Text, text);
-    setPalette(colours);
+void LogView::setBackground(const QColor& colour) {
+    // Of the text's area alone: for each new palette of a scroll bar the style keeps pictures.
+    QPalette colours = viewport()->palette();
+    colours.setColor(QPalette::Base, colour);
+    viewport()->setPalette(colours);
 }
 
 }  // namespace ui

@@ -30,7 +30,7 @@ public:
 
 private:
     void insertAtEnd(std::string_view text);
-    void setColours(const QColor& background, const QColor& text);
+    void setBackground(const QColor& colour);
 
     game::Report m_report;
 };
