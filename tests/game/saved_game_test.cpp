@@ -10,8 +10,7 @@
 #include <vector>
 
 #include "games.h"
-
-extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+#include "targets.h"
 
 namespace {
 
@@ -209,10 +208,15 @@ TEST(SavedGame, IsGoneOnWithWhereItsFileIsSilent) {
 
 TEST(SavedGame, SurvivesTheFuzzersFiles) {
     int files = 0;
-    for (const auto& entry : std::filesystem::directory_iterator{ZHENBAO_CORPUS}) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator{ZHENBAO_CORPUS}) {
+        if (entry.is_directory()) {
+            continue;
+        }
         std::ifstream file{entry.path(), std::ios::binary};
         const std::string text{std::istreambuf_iterator<char>{file}, {}};
-        LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t*>(text.data()), text.size());
+        for (const fuzz::Target target : {fuzz::savedGame, fuzz::number, fuzz::play}) {
+            target(text);
+        }
         ++files;
     }
     EXPECT_GT(files, 0);
