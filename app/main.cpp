@@ -26,6 +26,7 @@ QIcon programIcon() {
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(programIcon());
+    QApplication::setDesktopFileName(QStringLiteral(ZHENBAO_ID));  // whose menu entry it is
     QApplication::setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
 
     ui::QtDesktop desktop;
