@@ -1,8 +1,29 @@
 #include "controls.h"
 
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QEvent>
 #include <QKeyEvent>
+#include <QStyle>
 
 namespace ui {
+
+namespace {
+
+/// Says that the focus moves by keyboard, which a window forgets whenever it is shown.
+class FocusKeeper final : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            static_cast<QWidget*>(watched)->setAttribute(Qt::WA_KeyboardFocusChange);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+}  // namespace
 
 void Button::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -11,6 +32,32 @@ void Button::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QPushButton::keyPressEvent(event);
+}
+
+void nameControl(QWidget* control, const QString& spoken) {
+    control->setAccessibleName(spoken);
+    if (auto* list = qobject_cast<QComboBox*>(control)) {
+        list->view()->setAccessibleName(spoken);
+        if (list->isEditable()) {
+            list->lineEdit()->setAccessibleName(spoken);
+        }
+    }
+}
+
+QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,
+                     const QString& spoken) {
+    QLabel* label = makeLabel(name, caption);
+    label->setBuddy(control);
+    nameControl(control, spoken.isEmpty() ? QString{caption}.remove(u':') : spoken);
+    return label;
+}
+
+void keepFocusVisible(QWidget* window) {
+    window->installEventFilter(new FocusKeeper(window));
+}
+
+bool animated(const QWidget& window) {
+    return window.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &window) > 0;
 }
 
 }  // namespace ui

@@ -41,13 +41,30 @@ protected:
     button->setAutoDefault(false);
     return button;
 }
-/// A figure shown to the player: can be selected and copied, not changed.
+/// How assistive programs call `control`, and what a list consists of as well.
+void nameControl(QWidget* control, const QString& spoken);
+
+/// The label that stands beside `control`. Assistive programs call the control `spoken`, where its
+/// place says more than the caption, or else by the caption without its colon.
+[[nodiscard]] QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,
+                                   const QString& spoken = {});
+
+/// A figure shown to the player: can be selected and copied, not changed. The Tab key passes it by,
+/// for a window has up to seventeen of them between one order and the next; screen readers come to
+/// it as to any object.
 [[nodiscard]] inline QLineEdit* makeDisplay(const QString& name) {
     auto* display = makeNamed<QLineEdit>(name);
     display->setReadOnly(true);
     display->setFocusPolicy(Qt::ClickFocus);
     return display;
 }
+
+/// Shows the focus in `window` from the beginning and behind the mouse, too. Styles would wait for
+/// the first Tab, and who plays by keyboard could not tell where a dialog begins.
+void keepFocusVisible(QWidget* window);
+
+/// Whether the player's desktop shows animations. Who switched them off is spared what flashes.
+[[nodiscard]] bool animated(const QWidget& window);
 
 /// Sets a text only where it differs: setting is what costs.
 template <class Control>
