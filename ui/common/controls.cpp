@@ -1,10 +1,11 @@
 #include "controls.h"
 
-#include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
 #include <QStyle>
+
+#include "spoken_list.h"
 
 namespace ui {
 
@@ -35,12 +36,10 @@ void Button::keyPressEvent(QKeyEvent* event) {
 }
 
 void nameControl(QWidget* control, const QString& spoken) {
-    control->setAccessibleName(spoken);
     if (auto* list = qobject_cast<QComboBox*>(control)) {
-        list->view()->setAccessibleName(spoken);
-        if (list->isEditable()) {
-            list->lineEdit()->setAccessibleName(spoken);
-        }
+        nameList(list, spoken);
+    } else {
+        control->setAccessibleName(spoken);
     }
 }
 

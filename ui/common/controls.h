@@ -25,7 +25,13 @@ template <class Control, class... Arguments>
     return label;
 }
 [[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
-    return makeNamed<QRadioButton>(name, caption);
+    auto* option = makeNamed<QRadioButton>(name, caption);
+    // Of several options the Tab key goes to the one that is chosen.
+    option->setFocusPolicy(Qt::ClickFocus);
+    QObject::connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
+        option->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
+    });
+    return option;
 }
 /// A button that Enter presses only where a dialog makes it the default one. Without this some
 /// desktops would press whichever button has the focus.
@@ -41,7 +47,7 @@ protected:
     button->setAutoDefault(false);
     return button;
 }
-/// How assistive programs call `control`, and what a list consists of as well.
+/// How assistive programs call `control`.
 void nameControl(QWidget* control, const QString& spoken);
 
 /// The label that stands beside `control`. Assistive programs call the control `spoken`, where its
