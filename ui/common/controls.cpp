@@ -4,6 +4,8 @@
 #include <QEvent>
 #include <QKeyEvent>
 #include <QStyle>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 #include "spoken_list.h"
 
@@ -33,6 +35,17 @@ void Button::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QPushButton::keyPressEvent(event);
+}
+
+void Button::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    if (hasFocus()) {
+        constexpr int inset = 3;
+        QStyleOptionFocusRect frame;
+        frame.initFrom(this);
+        frame.rect = rect().adjusted(inset, inset, -inset, -inset);
+        QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, frame);
+    }
 }
 
 void nameControl(QWidget* control, const QString& spoken) {

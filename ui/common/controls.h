@@ -34,13 +34,15 @@ template <class Control, class... Arguments>
     return option;
 }
 /// A button that Enter presses only where a dialog makes it the default one. Without this some
-/// desktops would press whichever button has the focus.
+/// desktops would press whichever button has the focus. Since the two differ, it marks the focus
+/// with a frame of its own, which styles draw around the default button as well.
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 };
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
     auto* button = makeNamed<Button>(name, caption);

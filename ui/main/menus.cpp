@@ -67,6 +67,7 @@ Menus::Menus(QMenuBar* bar)
     connect(openFirst, &QShortcut::activated, bar, [this, bar] {
         if (m_file->menuAction()->isEnabled()) {
             bar->setActiveAction(m_file->menuAction());
+            m_file->setActiveAction(m_file->actions().constFirst());
         }
     });
 
