@@ -3,9 +3,8 @@
 #include <QComboBox>
 #include <QEvent>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QStyle>
-#include <QStyleOptionFocusRect>
-#include <QStylePainter>
 
 #include "spoken_list.h"
 
@@ -39,12 +38,24 @@ void Button::keyPressEvent(QKeyEvent* event) {
 
 void Button::paintEvent(QPaintEvent* event) {
     QPushButton::paintEvent(event);
-    if (hasFocus()) {
-        constexpr int inset = 3;
-        QStyleOptionFocusRect frame;
-        frame.initFrom(this);
-        frame.rect = rect().adjusted(inset, inset, -inset, -inset);
-        QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, frame);
+    paintFocus(this, 3);
+}
+
+void Slider::paintEvent(QPaintEvent* event) {
+    QSlider::paintEvent(event);
+    paintFocus(this);
+}
+
+void paintFocus(QWidget* control, int inset) {
+    if (control->hasFocus()) {
+        constexpr qreal width = 1.5;
+        constexpr qreal radius = 2;
+        const qreal edge = inset + width / 2;
+        QPainter painter(control);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen({control->palette().color(control->foregroundRole()), width});
+        painter.drawRoundedRect(QRectF(control->rect()).adjusted(edge, edge, -edge, -edge), radius,
+                                radius);
     }
 }
 

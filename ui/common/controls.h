@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
 
 namespace ui {
 
@@ -34,8 +35,8 @@ template <class Control, class... Arguments>
     return option;
 }
 /// A button that Enter presses only where a dialog makes it the default one. Without this some
-/// desktops would press whichever button has the focus. Since the two differ, it marks the focus
-/// with a frame of its own, which styles draw around the default button as well.
+/// desktops would press whichever button has the focus. Since the two differ and styles mark them
+/// alike, it marks the focus itself.
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
@@ -44,11 +45,22 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
+/// A slider that marks the focus, of which styles show little.
+class Slider final : public QSlider {
+public:
+    using QSlider::QSlider;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
     auto* button = makeNamed<Button>(name, caption);
     button->setAutoDefault(false);
     return button;
 }
+/// A frame in the colour of its text, `inset` pixels within `control`, while that has the focus.
+void paintFocus(QWidget* control, int inset = 0);
+
 /// How assistive programs call `control`.
 void nameControl(QWidget* control, const QString& spoken);
 
