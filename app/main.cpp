@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QIcon>
 #include <chrono>
 
 #include "frmMain.h"
@@ -12,10 +13,19 @@ std::uint64_t timeSinceMidnight() {
     return static_cast<std::uint64_t>((now - std::chrono::floor<std::chrono::days>(now)).count());
 }
 
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 64, 128}) {
+        icon.addFile(QStringLiteral(":/zhenbao-%1.png").arg(size), {size, size});
+    }
+    return icon;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(programIcon());
     QApplication::setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
 
     ui::QtDesktop desktop;
