@@ -229,6 +229,7 @@ TEST(Focus, IsSeenInEveryWindowLightAndDark) {
     for (const QColor& colour : {light.color(QPalette::Window), QColor(0x35, 0x35, 0x35)}) {
         QApplication::setPalette(QPalette(colour));
         const test::EveryWindow all(test::prosperousGame(), [](QWidget& window, const QString&) {
+            EXPECT_TRUE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "seen after Tab only";
             const QList<QWidget*> stops = tabStops(window);
             for (QWidget* stop : stops) {
                 if (stops.size() == 1) {
