@@ -3,6 +3,7 @@
 #include <QKeyEvent>
 #include <QLayout>
 
+#include "controls.h"
 #include "main_form.h"
 #include "text.h"
 #include "twips.h"
@@ -13,6 +14,7 @@ Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Esca
     : QDialog(mainForm.window()), m_mainForm(mainForm), m_escape(escape) {
     setObjectName(name);
     setWindowTitle(caption);
+    keepFocusVisible(this);
     // Of a fixed size, so with nothing to minimise or maximise in its frame.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);

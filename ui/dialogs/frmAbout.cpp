@@ -49,6 +49,10 @@ protected:
             QLabel::focusNextPrevChild(true);
         }
     }
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        paintFocus(this);
+    }
     bool focusNextPrevChild(bool next) override { return QFrame::focusNextPrevChild(next); }
 };
 

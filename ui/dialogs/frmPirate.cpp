@@ -57,8 +57,8 @@ QWidget* frmPirate::makeReport() {
     grid->setContentsMargins(8, 4, 8, 4);
     grid->setVerticalSpacing(1);
     const auto addRow = [grid](const char* name, const char* caption, QLineEdit* display) {
-        auto* label = makeLabel(QString::fromLatin1(name), QString::fromLatin1(caption));
-        label->setBuddy(display);
+        auto* label =
+            makeLabelFor(display, QString::fromLatin1(name), QString::fromLatin1(caption));
         display->setFrame(false);
         QPalette plate = display->palette();
         plate.setColor(QPalette::Base, Qt::transparent);
@@ -71,7 +71,7 @@ QWidget* frmPirate::makeReport() {
     addRow("lblStatus", "Ship's Status:", txtStatus);
     addRow("lblCannons", "Ship's Cannons:", txtCannons);
     grid->addWidget(txtReport, grid->rowCount(), 0, 1, 2);
-    txtReport->setAccessibleName(frame->title());
+    nameControl(txtReport, frame->title().trimmed());
     const QString longest = QStringLiteral("Can't lose 'em, but we escaped from 24");
     txtReport->setMinimumWidth(txtReport->fontMetrics().horizontalAdvance(longest) + 12);
     return frame;
@@ -96,7 +96,6 @@ QWidget* frmPirate::makeOrders() {
 
 QWidget* frmPirate::makeSea() {
     auto* frame = makeFrame(QStringLiteral("FraEnemy"), QStringLiteral("Enemy Ships "));
-    picShips->setAccessibleName(frame->title());
     auto* sea = new QGridLayout(frame);
     sea->setContentsMargins(7, 3, 7, 3);
     sea->addWidget(picShips, 0, 0, Qt::AlignCenter);
@@ -158,7 +157,9 @@ void frmPirate::sinkLast(game::Currency ships, game::Milliseconds step) {
 }
 
 void frmPirate::flash() {
-    picShips->setColour(Qt::red);
+    if (animated(*this)) {
+        picShips->setColour(Qt::red);
+    }
     wait(game::pace::hitFlash);
     picShips->setColour(Qt::black);
 }

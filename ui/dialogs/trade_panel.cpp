@@ -29,10 +29,10 @@ QGroupBox* TradePanel::makeGoods(const Wording& wording) {
     for (const game::GoodRow& good : game::goods) {
         const QString name = fromRules(good.name);
         const int line = static_cast<int>(game::index(good.good));
-        auto* label = makeLabel(QStringLiteral("lbl") + name, name + QStringLiteral(":"));
         auto* field = new AmountField(QStringLiteral("cbo") + name, plain);
+        auto* label = makeLabelFor(field, QStringLiteral("lbl") + name, name + QStringLiteral(":"),
+                                   wording.amount.arg(name));
         auto* maximum = makeButton(QStringLiteral("cmdMax") + name, wording.maximum);
-        label->setBuddy(field);
         maximum->setAccessibleName(wording.maximum + QStringLiteral(" ") + name);
         grid->addWidget(label, line, 0);
         grid->addWidget(field, line, 1);

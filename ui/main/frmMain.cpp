@@ -59,6 +59,7 @@ frmMain::frmMain(Desktop& desktop, game::Random& random)
     : m_desktop(desktop), m_random(random), m_menus(new Menus(menuBar())) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(programName);
+    keepFocusVisible(this);
     setCentralWidget(makeClient());
     connectMenus();
     connect(fraOrders, &OrdersPanel::given, this, &frmMain::giveOrder);
@@ -71,8 +72,10 @@ QWidget* frmMain::makeClient() {
     fraHouse = new HousePanel;
     fraPrices = new PricesPanel;
     fraStatus = new GaugePanel(QStringLiteral("fraStatus"), QStringLiteral("prgStatus"),
+                               QStringLiteral("Ship's status in percent"),
                                QStringLiteral("Ship's Status - 100%"), 100, 100);
     fraHold = new GaugePanel(QStringLiteral("fraHold"), QStringLiteral("prgHold"),
+                             QStringLiteral("Ship's hold in use"),
                              QStringLiteral("Ship's Hold - 0 of 60"), 0, 60);
     fraOrders = new OrdersPanel;
     auto* fraLog = makeFrame(QStringLiteral("fraLog"), QStringLiteral("Comprador's Report"));
@@ -178,7 +181,9 @@ void frmMain::appendText(std::string_view text) {
 }
 
 void frmMain::flashReport(game::Alert alert) {
-    txtLog->showAlert(alert);
+    if (animated(*this)) {
+        txtLog->showAlert(alert);
+    }
     m_desktop.wait(game::pace::alertFlash);
     txtLog->showCalm();
 }

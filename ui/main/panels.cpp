@@ -16,10 +16,9 @@ constexpr qsizetype longestTitle = 200;  ///< characters; a title of the game ha
 
 /// A label and a display, one below the other, in two columns of `grid` from `column` on.
 QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& caption,
-                  const QString& name, const QString& text) {
+                  const QString& name, const QString& text, const QString& spoken = {}) {
     auto* display = makeDisplay(QStringLiteral("txt") + name);
-    auto* label = makeLabel(QStringLiteral("lbl") + name, caption);
-    label->setBuddy(display);
+    auto* label = makeLabelFor(display, QStringLiteral("lbl") + name, caption, spoken);
     display->setText(text);
     display->setAlignment(Qt::AlignRight);
     display->setMinimumWidth(display->fontMetrics().horizontalAdvance(u'0') * 8);
@@ -28,13 +27,16 @@ QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& captio
     return display;
 }
 
-/// A row for each good from `line` on; `prefix` tells the displays of one column from another's.
-GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const QString& text) {
+/// A row for each good from `line` on; `prefix` tells the displays of one column from another's,
+/// and so does `spoken`, which says what is shown of the good %1.
+GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const QString& text,
+                      const QString& spoken) {
     GoodDisplays displays{};
     for (const game::GoodRow& good : game::goods) {
         const QString name = fromRules(good.name);
         displays.at(game::index(good.good)) =
-            addRow(grid, line++, column, name + QStringLiteral(":"), prefix + name, text);
+            addRow(grid, line++, column, name + QStringLiteral(":"), prefix + name, text,
+                   spoken.arg(name));
     }
     return displays;
 }
@@ -80,8 +82,8 @@ HousePanel::HousePanel()
                     0, 1, 2, Qt::AlignCenter);
     grid->addWidget(makeLabel(QStringLiteral("lblShip"), QStringLiteral("- Ship -")), 0, 2, 1, 2,
                     Qt::AlignCenter);
-    m_warehouse = addGoods(grid, 1, 0, u'W', nothing());
-    m_ship = addGoods(grid, 1, 2, u'S', nothing());
+    m_warehouse = addGoods(grid, 1, 0, u'W', nothing(), QStringLiteral("%1 in the warehouse"));
+    m_ship = addGoods(grid, 1, 2, u'S', nothing(), QStringLiteral("%1 aboard"));
     txtCannons =
         addRow(grid, 1, 4, QStringLiteral("Cannons:"), QStringLiteral("Cannons"), nothing());
     txtCash = addRow(grid, 2, 4, QStringLiteral("Cash:"), QStringLiteral("Cash"), noMoney());
@@ -114,7 +116,7 @@ PricesPanel::PricesPanel()
                      fromRules(game::dateText(game::firstDay)));
     // A date is longer than most figures, and has to show whole in the smallest window too.
     txtDate->setMinimumWidth(txtDate->fontMetrics().horizontalAdvance(u'0') * 11);
-    m_prices = addGoods(grid, 1, 0, u'P', noMoney());
+    m_prices = addGoods(grid, 1, 0, u'P', noMoney(), QStringLiteral("%1 price"));
     grid->setColumnStretch(1, 1);
 }
 
@@ -126,9 +128,10 @@ void PricesPanel::show(const game::GameState& state) {
     }
 }
 
-GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
-                       int maximum)
+GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& spoken,
+                       const QString& title, int value, int maximum)
     : Panel(name, title), m_bar(makeNamed<QProgressBar>(barName)) {
+    nameControl(m_bar, spoken);
     m_bar->setTextVisible(false);
     m_bar->setMaximum(maximum);
     m_bar->setValue(value);

@@ -61,8 +61,8 @@ private:
 /// A titled bar: the ship's condition, the hold in use.
 class GaugePanel final : public Panel {
 public:
-    GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
-               int maximum);
+    GaugePanel(const QString& name, const QString& barName, const QString& spoken,
+               const QString& title, int value, int maximum);
 
     /// Shows `value` of `maximum`; figures beyond the bar's range stop at its ends.
     void show(const QString& title, game::Currency value, game::Currency maximum);
