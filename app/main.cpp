@@ -2,6 +2,7 @@
 #include <QIcon>
 #include <chrono>
 
+#include "contrast.h"
 #include "frmMain.h"
 #include "qt_desktop.h"
 
@@ -26,6 +27,7 @@ QIcon programIcon() {
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(programIcon());
+    ui::makeSelectionReadable();
     QApplication::setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
 
     ui::QtDesktop desktop;
