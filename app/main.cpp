@@ -2,6 +2,7 @@
 #include <QIcon>
 #include <chrono>
 
+#include "contrast.h"
 #include "frmMain.h"
 #include "qt_desktop.h"
 
@@ -27,6 +28,7 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setWindowIcon(programIcon());
     QApplication::setDesktopFileName(QStringLiteral(ZHENBAO_ID));  // whose menu entry it is
+    ui::makeSelectionReadable();
     QApplication::setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
 
     ui::QtDesktop desktop;

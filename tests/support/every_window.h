@@ -54,13 +54,13 @@ inline game::GameState prosperousGame() {
 /// The longest figures and texts that play leads to: the last dollar before the game is won.
 inline game::GameState richestGame() {
     return newGameWith([](game::GameState& state) {
-        state.gdtmDate = std::chrono::year{1862} / std::chrono::November / 30;
-        state.gstrFirm = std::string(24, 'W');
+        state.gdtmDate = std::chrono::year{1862} / std::chrono::November / 28;
+        state.gstrFirm = "Heron, Whitcombe & Moore";
         state.gblnMillionaire = true;
         state.gcurCash = state.gcurBank = state.gcurDebt = 999'999'999'999;
-        state.gcurCannons = 9'999;
+        state.gcurCannons = 400;
         state.gcurStatus = 88;
-        state.gcurHold = state.gcurMaxHold = 100'000;
+        state.gcurHold = state.gcurMaxHold = 9'960;
         for (const game::GoodRow& good : game::goods) {
             state.*good.ship = state.*good.warehouse = 10'000;
             state.*good.price = game::Currency{good.priceStep} * 250;
@@ -127,20 +127,35 @@ private:
     void visitMainForm() {
         visitWindow(m_mainForm, QStringLiteral("-start"));
         m_mainForm.state() = m_state;
+        m_mainForm.state().gdtmDate -= std::chrono::months{3};
         m_mainForm.beginGame(" - Game Loaded Successfully");
-        m_mainForm.appendEntry(" - Bought 40 Opium @ $11,000 Each");
-        m_mainForm.appendEntry(" - Deposited $180,000");
-        m_mainForm.appendEntry(" - Departing Hong Kong.........................");
-        m_mainForm.appendEntry(" - Arriving at Manila");
-        m_mainForm.appendEntry(" - The price of Opium has risen to $32,000!!");
-        m_mainForm.appendEntry(" - Sold 40 Opium @ $32,000 Each");
-        m_mainForm.appendEntry(
-            " - Zhenbao, you can trade in your ship for one with 50 more capacity",
-            "by paying an additional $5,000");
+        struct Entry {
+            int month;
+            const char* message;
+            const char* continuation = "";
+        };
+        for (const Entry& entry :
+             {Entry{5, " - Bought 75 Opium @ $7,000 Each"},
+              Entry{5, " - Departing Hong Kong........................."},
+              Entry{6, " - Arriving at Manila"},
+              Entry{6, " - The price of Opium has risen to $32,000!!"},
+              Entry{6, " - Sold 75 Opium @ $32,000 Each"},
+              Entry{6, " - Bought 85 Silk @ $1,100 Each"},
+              Entry{6, " - Departing Manila........................."},
+              Entry{6, " - You got some booty worth $4,380"}, Entry{7, " - Arriving at Nagasaki"},
+              Entry{7, " - Bought 40 Opium @ $5,000 Each"},
+              Entry{7, " - Departing Nagasaki........................."},
+              Entry{8, " - Arriving at Hong Kong"},
+              Entry{8, " - Zhenbao, you can trade in your ship for one with 50 more capacity",
+                    "by paying an additional $12,350"}}) {
+            m_mainForm.state().gdtmDate = m_state.gdtmDate - std::chrono::months{8 - entry.month};
+            m_mainForm.appendEntry(entry.message, entry.continuation);
+        }
         for (const game::Order offer : {game::Order::Cannon, game::Order::Ship}) {
             m_mainForm.setOrderEnabled(offer, true);
         }
         m_mainForm.UpdateMainForm();
+        m_state = m_mainForm.state();
         visitWindow(m_mainForm);
         for (const auto& [alert, name] :
              {std::pair{game::Alert::News, "-news"}, {game::Alert::Misfortune, "-misfortune"}}) {

@@ -75,7 +75,7 @@ TEST(ScreenReader, CallsFiguresByWhatTheyAre) {
         {"txtPrice", "Cost of Repair"},
         {"sldRepair", "Condition to restore in percent"},
         {"txtFirm", "Name of Firm"},
-        {"lblNetValue", "Net Worth: $0"},
+        {"lblNetValue", "Net Worth: $421,257"},
         {"picShips", "Enemy ships: 21"},
         {"txtReport", "Captain's Report"},
         {"cboWAmount", "Units to move to the ship"},

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPainter>
 #include <QStyle>
+#include <algorithm>
 
 #include "spoken_list.h"
 
@@ -26,6 +27,12 @@ public:
 };
 
 }  // namespace
+
+QSize Button::sizeHint() const {
+    const int caption = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return {std::max(caption + measures::buttonEdges, measures::narrowestButton),
+            QPushButton::sizeHint().height()};
+}
 
 void Button::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;

@@ -7,6 +7,8 @@
 #include <QRadioButton>
 #include <QSlider>
 
+#include "layout.h"
+
 namespace ui {
 
 /// A control with the name by which tests, tools and assistive programs find it.
@@ -40,6 +42,9 @@ template <class Control, class... Arguments>
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
+
+    /// As wide as the caption asks: some styles have a floor that is too wide for small dialogs.
+    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -85,6 +90,13 @@ void keepFocusVisible(QWidget* window);
 
 /// Whether the player's desktop shows animations. Who switched them off is spared what flashes.
 [[nodiscard]] bool animated(const QWidget& window);
+
+/// Right-aligned as in a ledger, and never narrower than the longest figure it may show.
+inline void makeRoomFor(QLineEdit* display, const QString& longest) {
+    display->setAlignment(Qt::AlignRight);
+    display->setMinimumWidth(display->fontMetrics().horizontalAdvance(longest) +
+                             measures::fieldEdges);
+}
 
 /// Sets a text only where it differs: setting is what costs.
 template <class Control>

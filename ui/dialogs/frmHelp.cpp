@@ -71,6 +71,7 @@ frmHelp::frmHelp(MainForm& mainForm)
         {"cmdMoney", "Money Lender Bug", "Money Lender Bug ", proseFont, "money_lender_bug.txt"},
     }};
 
+    txtDisplay->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     txtDisplay->setMinimumSize(sizeOfScreen(*txtDisplay));
     auto* content = new QVBoxLayout(fraContent);
     content->addWidget(txtDisplay);

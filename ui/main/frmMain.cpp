@@ -19,6 +19,7 @@
 #include "frmStats.h"
 #include "frmTransfer.h"
 #include "frmVisit.h"
+#include "layout.h"
 #include "log_view.h"
 #include "menus.h"
 #include "panels.h"
@@ -30,6 +31,10 @@
 namespace ui {
 
 namespace {
+
+/// In pixels: wide enough that dialogs in their places leave the gauges in sight, high enough for
+/// a dozen entries of the report.
+constexpr QSize initialSize{780, 620};
 
 /// The area below the menu bar, set off from it by an etched line.
 class ClientArea final : public QWidget {
@@ -61,6 +66,7 @@ frmMain::frmMain(Desktop& desktop, game::Random& random)
     setWindowTitle(programName);
     keepFocusVisible(this);
     setCentralWidget(makeClient());
+    resize(initialSize.expandedTo(sizeHint()));
     connectMenus();
     connect(fraOrders, &OrdersPanel::given, this, &frmMain::giveOrder);
 }
@@ -84,6 +90,9 @@ QWidget* frmMain::makeClient() {
 
     // Dialogs open over the orders and the report, so that figures and gauges stay in sight.
     auto* grid = new QGridLayout(client);
+    QMargins edges = grid->contentsMargins();
+    edges.setTop(measures::windowEdge);
+    grid->setContentsMargins(edges);
     auto* gauges = new QVBoxLayout;
     gauges->addWidget(fraStatus);
     gauges->addWidget(fraHold);
@@ -94,6 +103,9 @@ QWidget* frmMain::makeClient() {
     grid->addWidget(fraLog, 2, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(2, 1);
+    for (auto* display : client->findChildren<QLineEdit*>()) {
+        display->setFont(figuresFont(client->font()));
+    }
     return client;
 }
 

@@ -25,6 +25,9 @@ public:
     void showTitle(const QString& title);
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+protected:
+    void initStyleOption(QStyleOptionGroupBox* option) const override;
+
 private:
     QString m_title;
 };
