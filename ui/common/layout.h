@@ -11,6 +11,8 @@ inline constexpr int panelTop = 2;  ///< below a panel's title
 inline constexpr int gap = 4;       ///< between panels, and between a control and its neighbour
 inline constexpr int lineGap = 2;   ///< between the lines of a panel
 
+inline constexpr int mainEdge = 9;  ///< of the main window and its panels, where there is room
+
 inline constexpr int buttonEdges = 16;  ///< what a button has beside its caption
 inline constexpr int narrowestButton = 60;
 inline constexpr int fieldEdges = 12;     ///< what the frame of a display and the caret take

@@ -90,9 +90,8 @@ QWidget* frmMain::makeClient() {
 
     // Dialogs open over the orders and the report, so that figures and gauges stay in sight.
     auto* grid = new QGridLayout(client);
-    QMargins edges = grid->contentsMargins();
-    edges.setTop(measures::windowEdge);
-    grid->setContentsMargins(edges);
+    grid->setContentsMargins(measures::mainEdge, measures::windowEdge, measures::mainEdge,
+                             measures::mainEdge);
     auto* gauges = new QVBoxLayout;
     gauges->addWidget(fraStatus);
     gauges->addWidget(fraHold);

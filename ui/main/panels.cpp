@@ -20,10 +20,8 @@ constexpr qsizetype longestTitle = 200;  ///< characters; a title of the game ha
 /// Lines close together: the dialogs that trade stand right below the figures.
 QGridLayout* makeLines(QWidget* panel) {
     auto* grid = new QGridLayout(panel);
-    QMargins edges = grid->contentsMargins();
-    edges.setTop(measures::panelTop);
-    edges.setBottom(measures::panelEdge);
-    grid->setContentsMargins(edges);
+    grid->setContentsMargins(measures::mainEdge, measures::panelTop, measures::mainEdge,
+                             measures::panelEdge);
     grid->setVerticalSpacing(measures::lineGap);
     return grid;
 }
