@@ -1,14 +1,14 @@
 // Every draw of the game against its exact odds, each judged twice.
 //
-// Evenly: the draw is given 50,000 numbers spread evenly over [0, 1). Each face has to come up as
+// Evenly: the draw is given 20,000 numbers spread evenly over [0, 1). Each face has to come up as
 // often as its odds say, to less than one time. A die with one side more or less, a face more or
-// less likely than it should be by 1 in 25,000, is found with certainty, and nothing else is.
+// less likely than it should be by 1 in 10,000, is found with certainty, and nothing else is.
 //
-// By chance: 50,000 numbers of the game's own generator and Pearson's sum, of at most 50 cells. A
+// By chance: 20,000 numbers of the game's own generator and Pearson's sum, of at most 50 cells. A
 // fair draw fails one time in a million (z = 4.75); the seeds are fixed, so it passes always or
-// never. An unfair one is found 99 times in 100 where, by its two faces, 1 in 110 is off by 34 %
-// of itself, 1 in 25 by 16 %, 1 in 8 by 9 % or 4 in 10 by 4 %; or where one of 21 faces is off by
-// 18 %, one of 50 cells by 31 %.
+// never. An unfair one is found 99 times in 100 where, by its two faces, 1 in 110 is off by 56 %
+// of itself, 1 in 25 by 27 %, 1 in 8 by 15 % or 4 in 10 by 7 %; or where one of 21 faces is off by
+// 31 %, one of 50 cells by 54 %.
 
 #include <gtest/gtest.h>
 
@@ -23,7 +23,7 @@
 #include "events.h"
 #include "games.h"
 #include "market.h"
-#include "silent_scene.h"
+#include "silent_scenes.h"
 #include "visitors.h"
 #include "voyage.h"
 
@@ -32,7 +32,7 @@ using test::roll;
 
 namespace {
 
-constexpr int trials = 50'000;
+constexpr int trials = 20'000;
 constexpr double uneventful = 0.99;  ///< no die shows a face of interest
 using Odds = std::vector<double>;
 
@@ -55,7 +55,7 @@ private:
 };
 
 /// A passage of one step, in which pirates may be met.
-class OneStep final : public bench::SilentScene {
+class OneStep final : public test::SilentVoyage {
 public:
     explicit OneStep(GameState& state) : m_state(state) {}
     void wait(game::Milliseconds /*duration*/) override { m_state.gblnActiveGame = false; }
@@ -111,14 +111,14 @@ using Change = std::function<int(const GameState&)>;
 /// What an arrival at Manila, its events or a battle's draw change in the record.
 auto arriving(const Change& change) {
     return [change](GameState& state, Dice& dice) {
-        bench::SilentScene scene;
+        test::SilentVoyage scene;
         game::arrive(state, dice, scene, "Manila");
         return change(state);
     };
 }
 auto meeting(const Change& change) {
     return [change](GameState& state, Dice& dice) {
-        bench::SilentScene scene;
+        test::SilentVoyage scene;
         game::meetEvents(state, dice, scene);
         return change(state);
     };
@@ -143,7 +143,7 @@ std::vector<Draw> draws() {
         return -1;
     };
     const auto blownTo = [](GameState& state, Dice& dice) {
-        bench::SilentScene scene;
+        test::SilentVoyage scene;
         state.gcurStatus = 9;  // no storm
         game::arrive(state, dice, scene, "Manila");
         return dice.drawn > 8 ? port("Manila") : port(state.gstrLocation);  // drawn again

@@ -24,6 +24,7 @@ TEST(Calendar, MovesCountsAndWritesMonths) {
                                    {day(1860, 12, 15), day(1861, 1, 15)},
                                    {day(1860, 1, 31), day(1860, 2, 29)},
                                    {day(1861, 1, 31), day(1861, 2, 28)},
+                                   {day(9998, 12, 31), day(9999, 1, 31)},
                                    {day(9999, 12, 31), day(9999, 12, 31)}}) {
         EXPECT_EQ(game::oneMonthLater(from), to);
     }
@@ -91,9 +92,9 @@ TEST(Standing, ScoresNetWorthAgainstTime) {
     EXPECT_EQ(state.gcurNetWorth, 300'000);
     EXPECT_EQ(state.gcurRank, 777) << "the first month keeps the last score";
 
-    state.gdtmDate = day(1860, 3, 15);
+    state.gdtmDate = day(1860, 2, 15);
     game::updateStanding(state);
-    EXPECT_EQ(state.gcurRank, 1'500);
+    EXPECT_EQ(state.gcurRank, 3'000);
     EXPECT_EQ(state.gstrRank, "Zhenbao");
     EXPECT_EQ(game::score(-50, 1), -1);
 }
