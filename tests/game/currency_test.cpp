@@ -41,6 +41,7 @@ TEST(Currency, ReadsWhatItWrites) {
                                        {decimal(-122'500), "-12.25"},
                                        {decimal(1), "0.0001"},
                                        {decimal(-9'999), "-0.9999"},
+                                       {decimal(-1), "-0.0001"},
                                        {highest, "922337203685477.5807"},
                                        {lowest, "-922337203685477.5808"}}) {
         EXPECT_EQ(game::plainText(amount), text);
