@@ -229,6 +229,9 @@ TEST(Battle, DumpsCargoToRunLighter) {
     GameState expected = state;
     expected.gcurSSilk = 0;
     expected.gcurHold = 50;
+    const GameState before = state;
+    EXPECT_TRUE(play(state, {roll(4, 4)}, {&Battle::dumpCargo}, false).ends_with(" dump?\n"));
+    EXPECT_EQ(state, before) << "not without a Yes";
     const double betweenBothOdds = 0.13;  // 1 in 8 with the silk, 1 in 7 1/3 without
     EXPECT_EQ(play(state, {roll(4, 4), betweenBothOdds}, {&Battle::dumpCargo, &Battle::run}),
               " status:100 cannons:5\n"

@@ -110,6 +110,9 @@ TEST(Standing, AnnouncesFortuneAndRuinAtTheirBounds) {
         EXPECT_EQ(game::millionaireNoticeDue(state), millionaire);
         EXPECT_EQ(game::isTrillionaire(state), trillionaire);
     }
+    state.gcurNetWorth = game::million;
+    state.gblnMillionaire = true;
+    EXPECT_FALSE(game::millionaireNoticeDue(state)) << "once a game";
     state.gcurDebt = 999'999'999'999;
     EXPECT_FALSE(game::isBankrupt(state));
     state.gcurDebt += 1;
@@ -144,8 +147,9 @@ TEST(Report, PutsLineBreaksInFrontAndIndentsContinuations) {
     report.open(game::firstDay, " - Welcome Captain");
     report.append(".");
     report.addEntry(day(1860, 2, 15), " - A", " b");
+    report.addEntry(day(1860, 3, 15), " - C");
     EXPECT_EQ(report.text(), "Jan 15, 1860 - Welcome Captain.\r\nFeb 15, 1860 - A\r\n" +
-                                 std::string(23, ' ') + " b");
+                                 std::string(23, ' ') + " b\r\nMar 15, 1860 - C");
 }
 
 TEST(Report, KeepsItsLastTwentyThousandCharacters) {
