@@ -1,6 +1,8 @@
 #include <QApplication>
+#include <QIcon>
 #include <chrono>
 
+#include "contrast.h"
 #include "frmMain.h"
 #include "qt_desktop.h"
 
@@ -12,10 +14,21 @@ std::uint64_t timeSinceMidnight() {
     return static_cast<std::uint64_t>((now - std::chrono::floor<std::chrono::days>(now)).count());
 }
 
+QIcon programIcon() {
+    QIcon icon;
+    for (const int size : {16, 32, 64, 128}) {
+        icon.addFile(QStringLiteral(":/zhenbao-%1.png").arg(size), {size, size});
+    }
+    return icon;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
+    QApplication::setWindowIcon(programIcon());
+    QApplication::setDesktopFileName(QStringLiteral(ZHENBAO_ID));  // whose menu entry it is
+    ui::makeSelectionReadable();
     QApplication::setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
 
     ui::QtDesktop desktop;

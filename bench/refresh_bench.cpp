@@ -86,7 +86,20 @@ void fullReport(benchmark::State& run) {
 }
 BENCHMARK(fullReport)->Unit(benchmark::kMicrosecond);
 
-/// The same, painted.
+/// An entry and a refresh at the beginning of a game, for comparison.
+void emptyReport(benchmark::State& run) {
+    Play play;
+    for (auto _ : run) {
+        run.PauseTiming();
+        play.form.beginGame(game::welcomeMessage);
+        run.ResumeTiming();
+        play.form.appendEntry(Play::entry);
+        play.form.UpdateMainForm();
+    }
+}
+BENCHMARK(emptyReport)->Unit(benchmark::kMicrosecond);
+
+/// The same with a full report, painted.
 void fullReportPainted(benchmark::State& run) {
     Play play;
     for (auto _ : run) {

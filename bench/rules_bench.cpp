@@ -2,31 +2,29 @@
 
 #include "arrival.h"
 #include "events.h"
+#include "merchant.h"
 #include "new_game.h"
+#include "saved_game.h"
+#include "silent_scenes.h"
 #include "visitors.h"
 
 namespace {
 
-/// A voyage that nobody watches: the captain pays, nothing is shown.
-class SilentScene final : public game::VoyageScene {
-public:
-    void appendEntry(std::string_view /*message*/, std::string_view /*continuation*/) override {}
-    void appendText(std::string_view /*text*/) override {}
-    void flash(game::Alert /*alert*/) override {}
-    void wait(game::Milliseconds /*duration*/) override {}
-    void setOrderEnabled(game::Order /*order*/, bool /*enabled*/) override {}
-    void setAtSea(bool /*atSea*/) override {}
-    bool ask(std::string_view /*text*/, std::string_view /*title*/) override { return true; }
-    void inform(std::string_view /*text*/, std::string_view /*title*/) override {}
-    void showBattle() override {}
-};
+const game::GameState& aGame() {
+    static const game::GameState state = [] {
+        game::Generator random(1);
+        game::GameState begun;
+        game::startGame(begun, random, game::Scenario::CashAndDebt, "Zhenbao");
+        return begun;
+    }();
+    return state;
+}
 
 /// Whole arrivals: prices, calendar, weather, interest, events and visitors.
 void arrivals(benchmark::State& run) {
     game::Generator random(1);
-    SilentScene scene;
-    game::GameState merchant;
-    game::startGame(merchant, random, game::Scenario::CashAndDebt, "Zhenbao");
+    test::SilentVoyage scene;
+    game::GameState merchant = aGame();
     merchant.gcurCash = 100'000;
     merchant.gcurSOpium = 10;
     merchant.gcurHold = 10;
@@ -47,5 +45,37 @@ void arrivals(benchmark::State& run) {
     run.SetItemsProcessed(run.iterations());
 }
 BENCHMARK(arrivals);
+
+/// A game written and read again, both in memory.
+void save(benchmark::State& run) {
+    for (auto _ : run) {
+        benchmark::DoNotOptimize(game::writeSavedGame(aGame()));
+    }
+}
+BENCHMARK(save)->Unit(benchmark::kMicrosecond);
+
+void load(benchmark::State& run) {
+    const std::string text = game::writeSavedGame(aGame());
+    for (auto _ : run) {
+        benchmark::DoNotOptimize(game::readSavedGame(text));
+    }
+}
+BENCHMARK(load)->Unit(benchmark::kMicrosecond);
+
+/// Months of the sensible captain: trade, passage, battles, arrival and all.
+void months(benchmark::State& run) {
+    game::Generator random(1);
+    std::optional<bench::Merchant> merchant;
+    int month = 0;
+    for (auto _ : run) {
+        if (month-- == 0 || merchant->hasSunk()) {
+            merchant.emplace(random, game::Scenario::CashAndDebt);
+            month = 240;
+        }
+        merchant->playMonth();
+    }
+    run.SetItemsProcessed(run.iterations());
+}
+BENCHMARK(months);
 
 }  // namespace

@@ -41,6 +41,7 @@ TEST(Currency, ReadsWhatItWrites) {
                                        {decimal(-122'500), "-12.25"},
                                        {decimal(1), "0.0001"},
                                        {decimal(-9'999), "-0.9999"},
+                                       {decimal(-1), "-0.0001"},
                                        {highest, "922337203685477.5807"},
                                        {lowest, "-922337203685477.5808"}}) {
         EXPECT_EQ(game::plainText(amount), text);
@@ -52,6 +53,8 @@ TEST(Currency, ReadsDecimalsExactlyOrNotAtAll) {
     EXPECT_EQ(game::readDecimal("007"), Currency{7});
     EXPECT_EQ(game::readDecimal("-0"), Currency{0});
     EXPECT_EQ(game::readDecimal("1.00005"), decimal(10'001));
+    EXPECT_EQ(game::readDecimal({"1.00009", 6}), Currency{1}) << "what follows is not looked at";
+    EXPECT_EQ(game::readDecimal({"19", 1}), Currency{1});
     EXPECT_EQ(game::readDecimal("-1.00004999"), decimal(-10'000));
     for (const char* text :
          {"", "-", "+5", "5.", ".5", "1e3", " 5", "5 ", "0x10", "inf", "nan", "1,000", "--1", "1-",
@@ -80,6 +83,7 @@ TEST(Currency, RoundsProductsAndFloorsQuotients) {
     EXPECT_EQ(decimal(1) * decimal(5'000), decimal(1));
     EXPECT_EQ(decimal(-1) * decimal(5'000), decimal(-1));
     EXPECT_EQ(decimal(1) * decimal(4'999), Currency{0});
+    EXPECT_EQ(game::absolute(decimal(1)), decimal(1));
     EXPECT_EQ(game::Int(-0.5), Currency{-1});
     EXPECT_EQ(game::wholeTimes(-50, 100), Currency{-1});
     EXPECT_EQ(game::wholeTimes(5'000, 600), Currency{8});

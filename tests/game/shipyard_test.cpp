@@ -46,10 +46,10 @@ TEST(Shipyard, OffersWhatTheCashPaysForAndNothingWorse) {
 }
 
 TEST(Shipyard, RepairsToTheChosenConditionInWholeDollars) {
-    GameState state = damaged(80, 1'000, Currency{60} + Currency::fromTenThousandths(500));
+    GameState state = damaged(80, 601, Currency{60} + Currency::fromTenThousandths(500));
     GameState expected = state;
     expected.gcurStatus = 81;
-    expected.gcurCash = 399;
+    expected.gcurCash = 0;
     expected.gblnGameSaved = false;
     EXPECT_FALSE(game::refuseRepair(state, 81));
     EXPECT_EQ(game::refuseRepair(state, 82), game::insufficientFunds);
@@ -63,11 +63,14 @@ TEST(Shipyard, RepairMaxStopsAtTheCashOrASoundShip) {
          {Row{80, 5'000, 60, 88, 200},
           {95, 100'000, 60, 100, 97'000},
           {80, 599, 60, 80, 599},
+          {80, 600, 60, 81, 0},
+          {100, 5'000, 60, 100, 5'000},
           {80, 5'000, 0, 80, 5'000},
           {150, 5'000, 60, 150, 5'000},
           {99 + half, 5'000, 60, 100, 4'700}}) {
         GameState state = damaged(condition, cash, capacity);
-        if (game::canRepairMax(state)) {
+        ASSERT_EQ(game::canRepairMax(state), repaired != condition);
+        if (repaired != condition) {
             EXPECT_EQ(game::repairMax(state), " - Repaired " +
                                                   game::plainText(repaired - condition) +
                                                   "% of Ship for " + game::moneyText(cash - left));

@@ -99,19 +99,19 @@ TEST(Trading, MovesStockHoldAndCashAndReportsEachGood) {
     GameState expected = state;
 
     expected.gcurSOpium = 10;
-    expected.gcurSArms = 5;
-    expected.gcurHold = 15;
-    expected.gcurCash = 200'000 - 10 * 12'000 - 5 * 90;
+    expected.gcurSArms = 1;
+    expected.gcurHold = 11;
+    expected.gcurCash = 200'000 - 10 * 12'000 - 90;
     expected.gblnGameSaved = false;
-    EXPECT_EQ(game::buy(state, {Place::Ship, {10, 0, 5, 0}}),
+    EXPECT_EQ(game::buy(state, {Place::Ship, {10, 0, 1, 0}}),
               (std::vector<std::string>{" - Bought 10 Opium @ $12,000 Each",
-                                        " - Bought 5 Arms @ $90 Each"}));
+                                        " - Bought 1 Arms @ $90 Each"}));
     EXPECT_EQ(state, expected);
 
-    state.gcurWSilk = 10;
-    expected.gcurCash += 11'000;
-    EXPECT_EQ(game::sell(state, {Place::Warehouse, {0, 10, 0, 0}}, {"0", "010", "", "0"}),
-              std::vector<std::string>{" - Sold 010 Silk @ $1,100 Each"});
+    state.gcurWSilk = 1;
+    expected.gcurCash += 1'100;
+    EXPECT_EQ(game::sell(state, {Place::Warehouse, {0, 1, 0, 0}}, {"0", "01", "", "0"}),
+              std::vector<std::string>{" - Sold 01 Silk @ $1,100 Each"});
     EXPECT_EQ(state, expected);
 }
 

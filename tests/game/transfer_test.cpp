@@ -65,4 +65,6 @@ TEST(Transfer, MovesAboardFirstAndQuotesTheTypedAmounts) {
                   moved.gcurWOpium = 10;
                   moved.gblnGameSaved = false;
               }));
+    EXPECT_EQ(game::transfer(state, {{Good::Opium, "1"}, {}}).size(), 1U) << "nothing ashore";
+    EXPECT_EQ(state.gcurSOpium, 6);
 }

@@ -24,6 +24,7 @@ TEST(Calendar, MovesCountsAndWritesMonths) {
                                    {day(1860, 12, 15), day(1861, 1, 15)},
                                    {day(1860, 1, 31), day(1860, 2, 29)},
                                    {day(1861, 1, 31), day(1861, 2, 28)},
+                                   {day(9998, 12, 31), day(9999, 1, 31)},
                                    {day(9999, 12, 31), day(9999, 12, 31)}}) {
         EXPECT_EQ(game::oneMonthLater(from), to);
     }
@@ -91,9 +92,9 @@ TEST(Standing, ScoresNetWorthAgainstTime) {
     EXPECT_EQ(state.gcurNetWorth, 300'000);
     EXPECT_EQ(state.gcurRank, 777) << "the first month keeps the last score";
 
-    state.gdtmDate = day(1860, 3, 15);
+    state.gdtmDate = day(1860, 2, 15);
     game::updateStanding(state);
-    EXPECT_EQ(state.gcurRank, 1'500);
+    EXPECT_EQ(state.gcurRank, 3'000);
     EXPECT_EQ(state.gstrRank, "Zhenbao");
     EXPECT_EQ(game::score(-50, 1), -1);
 }
@@ -109,6 +110,9 @@ TEST(Standing, AnnouncesFortuneAndRuinAtTheirBounds) {
         EXPECT_EQ(game::millionaireNoticeDue(state), millionaire);
         EXPECT_EQ(game::isTrillionaire(state), trillionaire);
     }
+    state.gcurNetWorth = game::million;
+    state.gblnMillionaire = true;
+    EXPECT_FALSE(game::millionaireNoticeDue(state)) << "once a game";
     state.gcurDebt = 999'999'999'999;
     EXPECT_FALSE(game::isBankrupt(state));
     state.gcurDebt += 1;
@@ -143,8 +147,9 @@ TEST(Report, PutsLineBreaksInFrontAndIndentsContinuations) {
     report.open(game::firstDay, " - Welcome Captain");
     report.append(".");
     report.addEntry(day(1860, 2, 15), " - A", " b");
+    report.addEntry(day(1860, 3, 15), " - C");
     EXPECT_EQ(report.text(), "Jan 15, 1860 - Welcome Captain.\r\nFeb 15, 1860 - A\r\n" +
-                                 std::string(23, ' ') + " b");
+                                 std::string(23, ' ') + " b\r\nMar 15, 1860 - C");
 }
 
 TEST(Report, KeepsItsLastTwentyThousandCharacters) {

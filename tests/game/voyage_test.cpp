@@ -45,10 +45,8 @@ protected:
 
 TEST_F(Voyage, ProposesAnyPortButTheOneTheShipLiesIn) {
     using Row = std::tuple<const char*, int, const char*>;
-    for (const auto& [location, drawn, proposed] : {Row{"Hong Kong", 1, "Shanghai"},
-                                                    {"Hong Kong", 5, "Manila"},
-                                                    {"Batavia", 7, "Hong Kong"},
-                                                    {"Atlantis", 7, "Batavia"}}) {
+    for (const auto& [location, drawn, proposed] :
+         {Row{"Batavia", 7, "Hong Kong"}, {"Atlantis", 7, "Batavia"}}) {
         ScriptedRandom random{roll(drawn, 7)};
         EXPECT_EQ(game::proposedPort(random, location), proposed);
     }
@@ -60,9 +58,14 @@ TEST_F(Voyage, MeetsPiratesTwiceAtMost) {
     random.add({roll(4, 110), roll(6, 110)}, 11);
     random.add({uneventful}, 13);
     const std::string told = tell(game::sail, std::move(random), "Manila");
-    EXPECT_TRUE(told.ends_with("at sea.\nbattle.\nbattle" + std::string(23, '.') +
-                               "\nin port\n - Arriving at Manila\n"))
-        << told;
+    EXPECT_EQ(told,
+              "disable Buy\ndisable Sell\ndisable Leave\ndisable Visit\ndisable Money\n"
+              "disable Transfer\ndisable Repair\ndisable Cannon\ndisable Ship\n"
+              " - Departing Hong Kong\nat sea.\nbattle.\nbattle" +
+                  std::string(23, '.') + "\nin port\n - Arriving at Manila\n");
+    EXPECT_EQ(scene.waited.count(), 25 * 90);
+    EXPECT_EQ(state.gdtmDate, game::oneMonthLater(game::firstDay));
+    EXPECT_FALSE(state.gblnGameSaved);
 }
 
 TEST_F(Voyage, EndsWhereTheGameEnds) {
@@ -83,16 +86,11 @@ TEST_F(Voyage, IsBlownOffCourseToAnotherPortEvenHome) {
 }
 
 TEST_F(Voyage, WeathersStorms) {
-    for (const auto& [condition, draw, left] : {std::tuple{100, lowestDraw, 99},
-                                                {100, highestDraw, 50},
-                                                {11, highestDraw, 5},
-                                                {10, highestDraw, 5}}) {
-        state.gcurStatus = condition;
-        EXPECT_EQ(arrive({0, 0, 0, 0, uneventful, roll(5, 50), draw, 0}),
-                  " - Zhenbao!, we have received " + std::to_string(condition - left) +
-                      "% Damage from a storm\nflash red\n - Arriving at Manila\n");
-        EXPECT_EQ(state.gcurStatus, left);
-    }
+    state.gcurStatus = 10;
+    EXPECT_EQ(arrive({0, 0, 0, 0, uneventful, roll(5, 50), highestDraw, 0}),
+              " - Zhenbao!, we have received 5% Damage from a storm\nflash red\n"
+              " - Arriving at Manila\n");
+    EXPECT_EQ(state.gcurStatus, 5);
     state.gcurStatus = 9;
     EXPECT_EQ(arrive({0, 0, 0, 0, uneventful, roll(5, 50), 0}), " - Arriving at Manila\n");
     EXPECT_EQ(state.gcurStatus, 9);
@@ -119,7 +117,7 @@ TEST_F(Voyage, MeetsAllEventsAtOnceInTheirOrder) {
     state.gcurSOpium = state.gcurHold = 7;
     state.gcurWSilk = 100;
     state.gcurWArms = 1;
-    state.gcurWGeneral = 3;
+    state.gcurWGeneral = 2;
     GameState expected = state;
     expected.gcurPCannon = 400;
     expected.gcurPShip = 24'000;
@@ -153,6 +151,9 @@ TEST_F(Voyage, DrawsEventsBeforeTheirConditions) {
         meetEvents({roll(2, 5), roll(2, 12), roll(3, 25), roll(4, 25), roll(5, 25), roll(2, 25)}),
         "");
     EXPECT_EQ(state, before);
+    state.gcurMaxHold = 29'999;
+    const double none = uneventful;
+    EXPECT_NE(meetEvents({none, roll(2, 12), 0, none, none, none, none}), "") << "the last ship";
 }
 
 TEST_F(Voyage, LosesAtMostHalfAndNeverMoreThanThereIs) {
@@ -201,10 +202,17 @@ TEST_F(Voyage, IsVisitedWhereAndWhenItShould) {
     const std::string lieutenant =
         " - Kwan Tat has sent a lieutenant, Zhenbao.  He says his admiral wishes\n"
         "| to see you in Hong Kong, Posthaste!\n";
-    using Row = std::tuple<const char*, int, std::string>;
-    for (const auto& [port, counter, visits] :
-         {Row{"Manila", 10, ""}, {"Manila", 11, lieutenant}, {"Hong Kong", 10, "enable Money\n"}}) {
+    const std::string dunmore =
+        " - Zhenbao, Dunmore from the Hong Kong Shipyards has arrived!  He says,\n"
+        "|  'I see ye've a wee bit of damage to yer ship.  I can repair your ship'\n";
+    using Row = std::tuple<const char*, int, int, std::string>;
+    for (const auto& [port, condition, counter, visits] :
+         {Row{"Manila", 99, 10, ""},
+          {"Manila", 99, 11, lieutenant},
+          {"Hong Kong", 100, 10, "enable Money\n"},
+          {"Hong Kong", 99, 10, "enable Money\n" + dunmore}}) {
         state.gstrLocation = port;
+        state.gcurStatus = condition;
         state.gcurPayoff = counter;
         const GameState before = state;
         EXPECT_EQ(tell(game::receiveVisitors, {}), visits);
@@ -214,10 +222,8 @@ TEST_F(Voyage, IsVisitedWhereAndWhenItShould) {
 
 TEST_F(Voyage, OwesATributeByNetWorth) {
     using Row = std::tuple<Currency, std::vector<double>, Currency>;
-    for (const auto& [netWorth, draws, tribute] : {Row{0, {lowestDraw, lowestDraw}, 22},
-                                                   {0, {highestDraw, highestDraw}, 101},
-                                                   {400, {highestDraw}, 20},
-                                                   {400, {roll(18, 20), lowestDraw}, 39},
+    for (const auto& [netWorth, draws, tribute] : {Row{400, {highestDraw}, 20},
+                                                   {400, {roll(19, 20), lowestDraw}, 40},
                                                    {999'999, {highestDraw}, 50'000},
                                                    {-2'000, {roll(80, 100), lowestDraw}, 58},
                                                    {-420, {highestDraw, lowestDraw}, 1},

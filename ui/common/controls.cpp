@@ -1,8 +1,38 @@
 #include "controls.h"
 
+#include <QComboBox>
+#include <QEvent>
 #include <QKeyEvent>
+#include <QPainter>
+#include <QStyle>
+#include <algorithm>
+
+#include "spoken_list.h"
 
 namespace ui {
+
+namespace {
+
+/// Says that the focus moves by keyboard, which a window forgets whenever it is shown.
+class FocusKeeper final : public QObject {
+public:
+    using QObject::QObject;
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        if (event->type() == QEvent::Show) {
+            static_cast<QWidget*>(watched)->setAttribute(Qt::WA_KeyboardFocusChange);
+        }
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+}  // namespace
+
+QSize Button::sizeHint() const {
+    const int caption = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
+    return {std::max(caption + measures::buttonEdges, measures::narrowestButton),
+            QPushButton::sizeHint().height()};
+}
 
 void Button::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -11,6 +41,53 @@ void Button::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QPushButton::keyPressEvent(event);
+}
+
+void Button::paintEvent(QPaintEvent* event) {
+    QPushButton::paintEvent(event);
+    paintFocus(this, 3);
+}
+
+void Slider::paintEvent(QPaintEvent* event) {
+    QSlider::paintEvent(event);
+    paintFocus(this);
+}
+
+void paintFocus(QWidget* control, int inset) {
+    if (control->hasFocus()) {
+        constexpr qreal width = 1.5;
+        constexpr qreal radius = 2;
+        const qreal edge = inset + width / 2;
+        QPainter painter(control);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen({control->palette().color(control->foregroundRole()), width});
+        painter.drawRoundedRect(QRectF(control->rect()).adjusted(edge, edge, -edge, -edge), radius,
+                                radius);
+    }
+}
+
+void nameControl(QWidget* control, const QString& spoken) {
+    if (auto* list = qobject_cast<QComboBox*>(control)) {
+        nameList(list, spoken);
+    } else {
+        control->setAccessibleName(spoken);
+    }
+}
+
+QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,
+                     const QString& spoken) {
+    QLabel* label = makeLabel(name, caption);
+    label->setBuddy(control);
+    nameControl(control, spoken.isEmpty() ? QString{caption}.remove(u':') : spoken);
+    return label;
+}
+
+void keepFocusVisible(QWidget* window) {
+    window->installEventFilter(new FocusKeeper(window));
+}
+
+bool animated(const QWidget& window) {
+    return window.style()->styleHint(QStyle::SH_Widget_Animation_Duration, nullptr, &window) > 0;
 }
 
 }  // namespace ui

@@ -5,6 +5,9 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QSlider>
+
+#include "layout.h"
 
 namespace ui {
 
@@ -25,28 +28,74 @@ template <class Control, class... Arguments>
     return label;
 }
 [[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
-    return makeNamed<QRadioButton>(name, caption);
+    auto* option = makeNamed<QRadioButton>(name, caption);
+    // Of several options the Tab key goes to the one that is chosen.
+    option->setFocusPolicy(Qt::ClickFocus);
+    QObject::connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
+        option->setFocusPolicy(chosen ? Qt::StrongFocus : Qt::ClickFocus);
+    });
+    return option;
 }
 /// A button that Enter presses only where a dialog makes it the default one. Without this some
-/// desktops would press whichever button has the focus.
+/// desktops would press whichever button has the focus. Since the two differ and styles mark them
+/// alike, it marks the focus itself.
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
+    /// As wide as the caption asks: some styles have a floor that is too wide for small dialogs.
+    [[nodiscard]] QSize sizeHint() const override;
+
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+};
+/// A slider that marks the focus, of which styles show little.
+class Slider final : public QSlider {
+public:
+    using QSlider::QSlider;
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
 };
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
     auto* button = makeNamed<Button>(name, caption);
     button->setAutoDefault(false);
     return button;
 }
-/// A figure shown to the player: can be selected and copied, not changed.
+/// A frame in the colour of its text, `inset` pixels within `control`, while that has the focus.
+void paintFocus(QWidget* control, int inset = 0);
+
+/// How assistive programs call `control`.
+void nameControl(QWidget* control, const QString& spoken);
+
+/// The label that stands beside `control`. Assistive programs call the control `spoken`, where its
+/// place says more than the caption, or else by the caption without its colon.
+[[nodiscard]] QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,
+                                   const QString& spoken = {});
+
+/// A figure shown to the player: can be selected and copied, not changed. The Tab key passes it by,
+/// for a window has up to seventeen of them between one order and the next; screen readers come to
+/// it as to any object.
 [[nodiscard]] inline QLineEdit* makeDisplay(const QString& name) {
     auto* display = makeNamed<QLineEdit>(name);
     display->setReadOnly(true);
     display->setFocusPolicy(Qt::ClickFocus);
     return display;
+}
+
+/// Shows the focus in `window` from the beginning and behind the mouse, too. Styles would wait for
+/// the first Tab, and who plays by keyboard could not tell where a dialog begins.
+void keepFocusVisible(QWidget* window);
+
+/// Whether the player's desktop shows animations. Who switched them off is spared what flashes.
+[[nodiscard]] bool animated(const QWidget& window);
+
+/// Right-aligned as in a ledger, and never narrower than the longest figure it may show.
+inline void makeRoomFor(QLineEdit* display, const QString& longest) {
+    display->setAlignment(Qt::AlignRight);
+    display->setMinimumWidth(display->fontMetrics().horizontalAdvance(longest) +
+                             measures::fieldEdges);
 }
 
 /// Sets a text only where it differs: setting is what costs.

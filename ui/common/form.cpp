@@ -1,8 +1,12 @@
 #include "form.h"
 
+#include <QBoxLayout>
+#include <QGridLayout>
+#include <QGroupBox>
 #include <QKeyEvent>
-#include <QLayout>
 
+#include "controls.h"
+#include "layout.h"
 #include "main_form.h"
 #include "text.h"
 #include "twips.h"
@@ -13,6 +17,7 @@ Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Esca
     : QDialog(mainForm.window()), m_mainForm(mainForm), m_escape(escape) {
     setObjectName(name);
     setWindowTitle(caption);
+    keepFocusVisible(this);
     // Of a fixed size, so with nothing to minimise or maximise in its frame.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
@@ -31,6 +36,26 @@ void Form::keyPressEvent(QKeyEvent* event) {
         return;
     }
     QDialog::keyPressEvent(event);
+}
+
+void GameForm::fixSize(int width, int height) {
+    for (auto* lines : findChildren<QGridLayout*>()) {
+        lines->setVerticalSpacing(measures::lineGap);
+        lines->setHorizontalSpacing(measures::gap);
+    }
+    for (auto* row : findChildren<QBoxLayout*>()) {
+        row->setSpacing(measures::gap);
+    }
+    for (auto* panel : findChildren<QGroupBox*>()) {
+        if (auto* lines = qobject_cast<QVBoxLayout*>(panel->layout())) {
+            lines->setSpacing(measures::lineGap);
+        }
+        panel->layout()->setContentsMargins(measures::panelEdge, measures::panelTop,
+                                            measures::panelEdge, measures::panelEdge);
+    }
+    layout()->setContentsMargins(measures::windowEdge, measures::windowEdge, measures::windowEdge,
+                                 measures::windowEdge);
+    Form::fixSize(width, height);
 }
 
 void GameForm::done(int result) {

@@ -19,9 +19,11 @@ namespace ui {
 [[nodiscard]] inline QString money(game::Currency amount) {
     return fromRules(game::moneyText(amount));
 }
+/// The longest amount of money that a game in play shows.
+inline const QString longestMoney = QStringLiteral("-$999,999,999,999");
 /// Room in average letters for the longest amount that a field shows without clipping, twelve
 /// digits: -$999,999,999,999 with its narrow signs, and plain.
-inline constexpr int roomForMoney = 15;
+inline constexpr int roomForMoney = 14;
 inline constexpr int roomForUnits = 12;
 /// Plain digits.
 [[nodiscard]] inline QString plain(game::Currency amount) {

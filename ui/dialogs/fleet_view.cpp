@@ -1,5 +1,7 @@
 #include "fleet_view.h"
 
+#include <QAccessibleWidget>
+
 #include "controls.h"
 #include "picture.h"
 #include "twips.h"
@@ -25,9 +27,24 @@ QRect placeOf(int picture, int sunk) {
     return {pixels(left), surfaced, pixels(shipSide), pixels(top + shipSide) - surfaced};
 }
 
+/// To assistive programs the fleet is one picture with a name, not 48 without.
+class FleetPicture final : public QAccessibleWidget {
+public:
+    explicit FleetPicture(QWidget* fleet) : QAccessibleWidget(fleet, QAccessible::Graphic) {}
+
+    [[nodiscard]] int childCount() const override { return 0; }
+    [[nodiscard]] QAccessibleInterface* child(int /*index*/) const override { return nullptr; }
+};
+
+QAccessibleInterface* makeFleetPicture(const QString& /*className*/, QObject* object) {
+    auto* fleet = dynamic_cast<FleetView*>(object);
+    return fleet == nullptr ? nullptr : new FleetPicture(fleet);
+}
+
 }  // namespace
 
 FleetView::FleetView(const QString& name) {
+    QAccessible::installFactory(makeFleetPicture);  // once, however many views there are
     setObjectName(name);
     setFixedSize(sizeFromTwips(6375, 2535));
     setAutoFillBackground(true);
@@ -48,6 +65,7 @@ void FleetView::showShips(int ships) {
     for (int picture = 0; picture < game::largestFleet; ++picture) {
         m_pictures.at(static_cast<std::size_t>(picture))->setVisible(picture < ships);
     }
+    setAccessibleName(QStringLiteral("Enemy ships: %1").arg(ships));
 }
 
 void FleetView::sink(int picture, const std::function<void()>& afterStep) {

@@ -15,7 +15,7 @@ class FleetView final : public QWidget {
 public:
     explicit FleetView(const QString& name);
 
-    /// Shows exactly the first `ships` pictures.
+    /// Shows exactly the first `ships` pictures, and names itself by their count.
     void showShips(int ships);
     /// The picture slides down behind its own bottom edge in 48 steps, each painted as soon as
     /// `afterStep` lets the window handle its events.

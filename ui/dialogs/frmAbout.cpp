@@ -8,6 +8,7 @@
 #include <QUrl>
 #include <QVBoxLayout>
 
+#include "contrast.h"
 #include "controls.h"
 #include "main_form.h"
 #include "picture.h"
@@ -21,13 +22,10 @@ const QString homePage = QStringLiteral("https://zhenbao.example/");
 const QString supportAddress = QStringLiteral("support@zhenbao.example");
 const QString supportSubject = QStringLiteral("Zhenbao for Windows v1.10");
 
-/// The desktop's colour of links, or of text where a dark desktop leaves its links dark, too.
+/// The desktop's colour of links, which dark desktops may leave dark, too.
 QColor linkColour() {
     const QPalette palette = QGuiApplication::palette();
-    const QColor link = palette.color(QPalette::Link);
-    const QColor window = palette.color(QPalette::Window);
-    const bool standsOut = qAbs(qGray(link.rgb()) - qGray(window.rgb())) > 64;
-    return standsOut ? link : palette.color(QPalette::WindowText);
+    return readable(palette.color(QPalette::Link), palette.color(QPalette::Window));
 }
 
 /// A link for mouse and keyboard that asks to be opened and opens nothing itself.
@@ -48,6 +46,10 @@ protected:
         if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
             QLabel::focusNextPrevChild(true);
         }
+    }
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        paintFocus(this);
     }
     bool focusNextPrevChild(bool next) override { return QFrame::focusNextPrevChild(next); }
 };

@@ -4,7 +4,6 @@
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QHBoxLayout>
-#include <QPlainTextEdit>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <QtMath>
@@ -13,6 +12,7 @@
 #include "controls.h"
 #include "fonts.h"
 #include "main_form.h"
+#include "text_view.h"
 
 namespace ui {
 
@@ -35,7 +35,7 @@ QFont screenFont() {
 }
 
 /// Room for the 40 columns of the instructions, a scroll bar beside them, and 24 lines.
-QSize sizeOfScreen(const QPlainTextEdit& display) {
+QSize sizeOfScreen(const TextView& display) {
     const QFontMetrics metrics(screenFont());
     const int border = 2 * (display.frameWidth() + qCeil(display.document()->documentMargin()));
     return {metrics.horizontalAdvance(QString(40, QLatin1Char('M'))) +
@@ -62,7 +62,7 @@ struct frmHelp::Page {
 frmHelp::frmHelp(MainForm& mainForm)
     : Form(mainForm, QStringLiteral("frmHelp"), QStringLiteral("Zhenbao Help")),
       fraContent(makeFrame(QStringLiteral("fraContent"), {})),
-      txtDisplay(makeNamed<QPlainTextEdit>(QStringLiteral("txtDisplay"))) {
+      txtDisplay(new TextView(QStringLiteral("txtDisplay"))) {
     static constexpr std::array<Page, 4> pages{{
         {"cmdIntroduction", "Introduction", "Introduction ", proseFont, "introduction.txt"},
         {"cmdIntructions", "Original Instructions", "Original Instuctions ", screenFont,
@@ -71,8 +71,7 @@ frmHelp::frmHelp(MainForm& mainForm)
         {"cmdMoney", "Money Lender Bug", "Money Lender Bug ", proseFont, "money_lender_bug.txt"},
     }};
 
-    txtDisplay->setReadOnly(true);
-    txtDisplay->setTabChangesFocus(true);
+    txtDisplay->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     txtDisplay->setMinimumSize(sizeOfScreen(*txtDisplay));
     auto* content = new QVBoxLayout(fraContent);
     content->addWidget(txtDisplay);
@@ -94,6 +93,7 @@ frmHelp::frmHelp(MainForm& mainForm)
 
 void frmHelp::showPage(const Page& page) {
     fraContent->setTitle(QString::fromLatin1(page.frameCaption));
+    nameControl(txtDisplay, fraContent->title().trimmed());
     txtDisplay->setFont(page.font());
     txtDisplay->setPlainText(readAsset(QString::fromLatin1(page.asset)));
 }

@@ -3,9 +3,10 @@
 #include "form.h"
 
 class QGroupBox;
-class QPlainTextEdit;
 
 namespace ui {
+
+class TextView;
 
 /// Four texts to read, one at a time.
 class frmHelp final : public Form {
@@ -18,7 +19,7 @@ private:
     void showPage(const Page& page);
 
     QGroupBox* fraContent;
-    QPlainTextEdit* txtDisplay;
+    TextView* txtDisplay;
 };
 
 }  // namespace ui

@@ -5,6 +5,7 @@
 
 #include "controls.h"
 #include "fleet_view.h"
+#include "layout.h"
 #include "main_form.h"
 #include "text.h"
 
@@ -38,8 +39,6 @@ frmPirate::frmPirate(MainForm& mainForm)
       picShips(new FleetView(QStringLiteral("picShips"))),
       m_battle(mainForm.state(), mainForm.random(), *this) {
     auto* grid = new QGridLayout(this);
-    grid->setContentsMargins(8, 4, 8, 8);
-    grid->setVerticalSpacing(4);
     grid->setColumnStretch(0, 1);
     grid->addWidget(makeReport(), 0, 0);
     grid->addWidget(makeOrders(), 0, 1);
@@ -54,33 +53,35 @@ frmPirate::frmPirate(MainForm& mainForm)
 QWidget* frmPirate::makeReport() {
     auto* frame = makeFrame(QStringLiteral("fraReport"), QStringLiteral("Captain's Report "));
     auto* grid = new QGridLayout(frame);
-    grid->setContentsMargins(8, 4, 8, 4);
-    grid->setVerticalSpacing(1);
     const auto addRow = [grid](const char* name, const char* caption, QLineEdit* display) {
-        auto* label = makeLabel(QString::fromLatin1(name), QString::fromLatin1(caption));
-        label->setBuddy(display);
+        auto* label =
+            makeLabelFor(display, QString::fromLatin1(name), QString::fromLatin1(caption));
         display->setFrame(false);
         QPalette plate = display->palette();
         plate.setColor(QPalette::Base, Qt::transparent);
         display->setPalette(plate);
+        makeRoomFor(display, QStringLiteral("9999%"));
+        display->setFixedHeight(display->fontMetrics().height() + measures::lineGap);
         const int line = grid->rowCount();
         grid->addWidget(label, line, 0);
+        display->setMaximumWidth(display->minimumWidth());
         grid->addWidget(display, line, 1);
     };
     addRow("lblEnemy", "Enemy Ships:", txtEnemy);
     addRow("lblStatus", "Ship's Status:", txtStatus);
     addRow("lblCannons", "Ship's Cannons:", txtCannons);
-    grid->addWidget(txtReport, grid->rowCount(), 0, 1, 2);
-    txtReport->setAccessibleName(frame->title());
+    grid->setColumnStretch(2, 1);
+    grid->addWidget(txtReport, grid->rowCount(), 0, 1, 3);
+    nameControl(txtReport, frame->title().trimmed());
     const QString longest = QStringLiteral("Can't lose 'em, but we escaped from 24");
-    txtReport->setMinimumWidth(txtReport->fontMetrics().horizontalAdvance(longest) + 12);
+    txtReport->setMinimumWidth(txtReport->fontMetrics().horizontalAdvance(longest) +
+                               measures::fieldEdges);
     return frame;
 }
 
 QWidget* frmPirate::makeOrders() {
     auto* frame = makeFrame(QStringLiteral("fraOrders"), QStringLiteral("Orders "));
     auto* grid = new QGridLayout(frame);
-    grid->setContentsMargins(8, 4, 8, 4);
     for (std::size_t order = 0; order < orderRows.size(); ++order) {
         const OrderRow& row = orderRows.at(order);
         auto* command = makeButton(QString::fromLatin1(row.name), QString::fromLatin1(row.caption));
@@ -96,9 +97,7 @@ QWidget* frmPirate::makeOrders() {
 
 QWidget* frmPirate::makeSea() {
     auto* frame = makeFrame(QStringLiteral("FraEnemy"), QStringLiteral("Enemy Ships "));
-    picShips->setAccessibleName(frame->title());
     auto* sea = new QGridLayout(frame);
-    sea->setContentsMargins(7, 3, 7, 3);
     sea->addWidget(picShips, 0, 0, Qt::AlignCenter);
     return frame;
 }
@@ -158,7 +157,9 @@ void frmPirate::sinkLast(game::Currency ships, game::Milliseconds step) {
 }
 
 void frmPirate::flash() {
-    picShips->setColour(Qt::red);
+    if (animated(*this)) {
+        picShips->setColour(Qt::red);
+    }
     wait(game::pace::hitFlash);
     picShips->setColour(Qt::black);
 }

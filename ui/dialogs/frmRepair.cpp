@@ -16,7 +16,7 @@ frmRepair::frmRepair(MainForm& mainForm)
     : GameForm(mainForm, QStringLiteral("frmRepair"), QStringLiteral("Repair Ship")),
       txtPrice(makeDisplay(QStringLiteral("txtPrice"))),
       txtStatus(makeDisplay(QStringLiteral("txtStatus"))),
-      sldRepair(makeNamed<QSlider>(QStringLiteral("sldRepair"), Qt::Horizontal)),
+      sldRepair(makeNamed<Slider>(QStringLiteral("sldRepair"), Qt::Horizontal)),
       cmdRepair(makeButton(QStringLiteral("cmdRepair"), QStringLiteral("Repair"))) {
     auto* cmdRepairMax = makeButton(QStringLiteral("cmdRepairMax"), QStringLiteral("Repair Max"));
     auto* cmdCancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
@@ -37,15 +37,17 @@ frmRepair::frmRepair(MainForm& mainForm)
 
 QGroupBox* frmRepair::makeSelection() {
     auto* select = makeFrame(QStringLiteral("fraSelect"), QStringLiteral("Select Amount "));
-    auto* lblPrice = makeLabel(QStringLiteral("lblPrice"), QStringLiteral("Cost of Repair:"));
-    auto* lblStatus = makeLabel(QStringLiteral("lblStatus"), QStringLiteral("Ship's Status:"));
-    lblPrice->setBuddy(txtPrice);
-    lblStatus->setBuddy(txtStatus);
-    sldRepair->setAccessibleName(QStringLiteral("Condition to restore in percent"));
+    auto* lblPrice =
+        makeLabelFor(txtPrice, QStringLiteral("lblPrice"), QStringLiteral("Cost of Repair:"));
+    auto* lblStatus =
+        makeLabelFor(txtStatus, QStringLiteral("lblStatus"), QStringLiteral("Ship's Status:"));
+    nameControl(sldRepair, QStringLiteral("Condition to restore in percent"));
     sldRepair->setRange(0, game::soundShip.toInt());
     sldRepair->setSingleStep(1);
     sldRepair->setPageStep(5);
 
+    makeRoomFor(txtPrice, longestMoney);
+    makeRoomFor(txtStatus, longestMoney);
     auto* grid = new QGridLayout(select);
     grid->addWidget(lblPrice, 0, 0);
     grid->addWidget(txtPrice, 0, 1);

@@ -34,6 +34,7 @@ QString timeTrading(const game::GameDate& date) {
 
 void addRow(QGridLayout* rows, QLabel* name, QLabel* value) {
     const int row = rows->rowCount();
+    nameControl(value, name->text() + u' ' + value->text());
     rows->addWidget(name, row, 0);
     rows->addWidget(value, row, 1, Qt::AlignRight);
 }

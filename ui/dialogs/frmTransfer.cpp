@@ -57,10 +57,10 @@ frmTransfer::Row frmTransfer::makeRow(const QString& goodName, const QString& am
                                       game::Place destination) {
     const Row row{makeNamed<QComboBox>(goodName), new AmountField(amountName, plain)};
     const bool aboard = destination == game::Place::Ship;
-    row.good->setAccessibleName(aboard ? QStringLiteral("Good to move to the ship")
-                                       : QStringLiteral("Good to move to the warehouse"));
-    row.amount->setAccessibleName(aboard ? QStringLiteral("Units to move to the ship")
-                                         : QStringLiteral("Units to move to the warehouse"));
+    nameControl(row.good, aboard ? QStringLiteral("Good to move to the ship")
+                                 : QStringLiteral("Good to move to the warehouse"));
+    nameControl(row.amount, aboard ? QStringLiteral("Units to move to the ship")
+                                   : QStringLiteral("Units to move to the warehouse"));
     for (const game::GoodRow& good : game::goods) {
         row.good->addItem(fromRules(good.name));
     }

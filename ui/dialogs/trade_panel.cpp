@@ -6,9 +6,19 @@
 
 #include "amount_field.h"
 #include "controls.h"
+#include "layout.h"
 #include "text.h"
 
 namespace ui {
+
+namespace {
+
+/// Four lines of controls have to fit into the low dialogs.
+void keepLow(QWidget* control) {
+    control->setFixedHeight(control->fontMetrics().height() + measures::tightLineEdges);
+}
+
+}  // namespace
 
 TradePanel::TradePanel(const Wording& wording, bool warehouseAllowed) {
     m_right = new QVBoxLayout;
@@ -29,10 +39,14 @@ QGroupBox* TradePanel::makeGoods(const Wording& wording) {
     for (const game::GoodRow& good : game::goods) {
         const QString name = fromRules(good.name);
         const int line = static_cast<int>(game::index(good.good));
-        auto* label = makeLabel(QStringLiteral("lbl") + name, name + QStringLiteral(":"));
         auto* field = new AmountField(QStringLiteral("cbo") + name, plain);
+        auto* label = makeLabelFor(field, QStringLiteral("lbl") + name, name + QStringLiteral(":"),
+                                   wording.amount.arg(name));
         auto* maximum = makeButton(QStringLiteral("cmdMax") + name, wording.maximum);
-        label->setBuddy(field);
+        keepLow(field);
+        keepLow(maximum);
+        maximum->setFixedWidth(maximum->fontMetrics().horizontalAdvance(wording.maximum) +
+                               measures::buttonEdges);
         maximum->setAccessibleName(wording.maximum + QStringLiteral(" ") + name);
         grid->addWidget(label, line, 0);
         grid->addWidget(field, line, 1);
@@ -88,6 +102,7 @@ void TradePanel::setMaximum(const std::function<game::Currency(game::Good)>& max
 }
 
 void TradePanel::addCommand(QWidget* command) {
+    keepLow(command);
     m_right->addWidget(command);
 }
 

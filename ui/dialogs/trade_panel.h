@@ -23,6 +23,7 @@ class TradePanel final : public QWidget {
 public:
     /// How a dialog words what it shares with the other.
     struct Wording {
+        QString amount;      ///< spoken for the amount of the good %1
         QString maximum;     ///< the button beside an amount
         QString placeFrame;  ///< object name
         QString placeTitle;

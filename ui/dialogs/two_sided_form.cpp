@@ -34,9 +34,8 @@ TwoSidedForm::TwoSidedForm(MainForm& mainForm, const QString& name, const QStrin
 }
 
 TwoSidedForm::Row TwoSidedForm::makeRow(const Side& side) {
-    const Row row{makeLabel(QStringLiteral("lbl") + side.name, side.name + QStringLiteral(":")),
-                  new AmountField(QStringLiteral("cbo") + side.name, money)};
-    row.label->setBuddy(row.field);
+    auto* field = new AmountField(QStringLiteral("cbo") + side.name, money);
+    const Row row{makeLabelFor(field, QStringLiteral("lbl") + side.name, side.name + u':'), field};
     row.field->setMinimumContentsLength(roomForMoney);
     row.field->setMaximum([this, most = side.most] { return most(mainForm().state()); });
     return row;

@@ -19,6 +19,7 @@
 #include "frmStats.h"
 #include "frmTransfer.h"
 #include "frmVisit.h"
+#include "layout.h"
 #include "log_view.h"
 #include "menus.h"
 #include "panels.h"
@@ -30,6 +31,10 @@
 namespace ui {
 
 namespace {
+
+/// In pixels: wide enough that dialogs in their places leave the gauges in sight, high enough for
+/// a dozen entries of the report.
+constexpr QSize initialSize{780, 620};
 
 /// The area below the menu bar, set off from it by an etched line.
 class ClientArea final : public QWidget {
@@ -59,7 +64,9 @@ frmMain::frmMain(Desktop& desktop, game::Random& random)
     : m_desktop(desktop), m_random(random), m_menus(new Menus(menuBar())) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(programName);
+    keepFocusVisible(this);
     setCentralWidget(makeClient());
+    resize(initialSize.expandedTo(sizeHint()));
     connectMenus();
     connect(fraOrders, &OrdersPanel::given, this, &frmMain::giveOrder);
 }
@@ -71,8 +78,10 @@ QWidget* frmMain::makeClient() {
     fraHouse = new HousePanel;
     fraPrices = new PricesPanel;
     fraStatus = new GaugePanel(QStringLiteral("fraStatus"), QStringLiteral("prgStatus"),
+                               QStringLiteral("Ship's status in percent"),
                                QStringLiteral("Ship's Status - 100%"), 100, 100);
     fraHold = new GaugePanel(QStringLiteral("fraHold"), QStringLiteral("prgHold"),
+                             QStringLiteral("Ship's hold in use"),
                              QStringLiteral("Ship's Hold - 0 of 60"), 0, 60);
     fraOrders = new OrdersPanel;
     auto* fraLog = makeFrame(QStringLiteral("fraLog"), QStringLiteral("Comprador's Report"));
@@ -81,6 +90,8 @@ QWidget* frmMain::makeClient() {
 
     // Dialogs open over the orders and the report, so that figures and gauges stay in sight.
     auto* grid = new QGridLayout(client);
+    grid->setContentsMargins(measures::mainEdge, measures::windowEdge, measures::mainEdge,
+                             measures::mainEdge);
     auto* gauges = new QVBoxLayout;
     gauges->addWidget(fraStatus);
     gauges->addWidget(fraHold);
@@ -91,6 +102,9 @@ QWidget* frmMain::makeClient() {
     grid->addWidget(fraLog, 2, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(2, 1);
+    for (auto* display : client->findChildren<QLineEdit*>()) {
+        display->setFont(figuresFont(client->font()));
+    }
     return client;
 }
 
@@ -178,7 +192,9 @@ void frmMain::appendText(std::string_view text) {
 }
 
 void frmMain::flashReport(game::Alert alert) {
-    txtLog->showAlert(alert);
+    if (animated(*this)) {
+        txtLog->showAlert(alert);
+    }
     m_desktop.wait(game::pace::alertFlash);
     txtLog->showCalm();
 }

@@ -16,13 +16,9 @@ QString shown(std::string_view text) {
 
 }  // namespace
 
-LogView::LogView() {
-    setObjectName(QStringLiteral("txtLog"));
+LogView::LogView() : TextView(QStringLiteral("txtLog")) {
     setAccessibleName(QStringLiteral("Comprador's Report"));
-    setReadOnly(true);
-    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setUndoRedoEnabled(false);
-    setTabChangesFocus(true);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     QPalette colours = palette();
     colours.setColor(QPalette::Base, Qt::black);

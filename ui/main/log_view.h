@@ -1,14 +1,13 @@
 #pragma once
 
-#include <QPlainTextEdit>
-
 #include "report.h"
+#include "text_view.h"
 #include "voyage_scene.h"
 
 namespace ui {
 
 /// Shows the comprador's report and follows its text: what is added, what falls off the front.
-class LogView final : public QPlainTextEdit {
+class LogView final : public TextView {
 public:
     LogView();
 

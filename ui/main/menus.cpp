@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QMenuBar>
+#include <QShortcut>
 
 namespace ui {
 
@@ -10,6 +11,7 @@ namespace {
 QMenu* addMenu(QMenuBar* bar, const QString& name, const QString& caption) {
     QMenu* menu = bar->addMenu(caption);
     menu->setObjectName(name);
+    menu->setAccessibleName(QString{caption}.remove(u'&'));
     return menu;
 }
 
@@ -59,6 +61,15 @@ Menus::Menus(QMenuBar* bar)
             &QAction::triggered, this, &Menus::checkForUpdates);
     connect(addItem(m_help, QStringLiteral("mnuAboutItem"), QStringLiteral("&About Zhenbao")),
             &QAction::triggered, this, &Menus::about);
+
+    bar->setAccessibleName(QStringLiteral("Menus"));
+    auto* openFirst = new QShortcut(Qt::Key_F10, bar);
+    connect(openFirst, &QShortcut::activated, bar, [this, bar] {
+        if (m_file->menuAction()->isEnabled()) {
+            bar->setActiveAction(m_file->menuAction());
+            m_file->setActiveAction(m_file->actions().constFirst());
+        }
+    });
 
     mnuSaveItem->setEnabled(false);
     mnuStatsItem->setEnabled(false);

@@ -2,48 +2,64 @@
 
 #include <QGridLayout>
 #include <QProgressBar>
+#include <QStyleOptionGroupBox>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "controls.h"
+#include "layout.h"
 #include "text.h"
 
 namespace ui {
 
 namespace {
 
+constexpr int columnGap = 10;            ///< between a display and the label of the next column
 constexpr qsizetype longestTitle = 200;  ///< characters; a title of the game has a quarter
 
-/// A label and a display, one below the other, in two columns of `grid` from `column` on.
+/// Lines close together: the dialogs that trade stand right below the figures.
+QGridLayout* makeLines(QWidget* panel) {
+    auto* grid = new QGridLayout(panel);
+    grid->setContentsMargins(measures::mainEdge, measures::panelTop, measures::mainEdge,
+                             measures::panelEdge);
+    grid->setVerticalSpacing(measures::lineGap);
+    return grid;
+}
+
+/// What a display shows before a game begins, and the longest it has to show whole.
+struct Sample {
+    QString first;
+    QString longest;
+};
+const Sample units{QStringLiteral("0"), QStringLiteral("99999")};
+const Sample prices{money(0), QStringLiteral("$1,000,000")};
+const Sample fortunes{money(0), longestMoney};
+const Sample dates{fromRules(game::dateText(game::firstDay)), QStringLiteral("Mmm 30, 1860")};
+
+/// A label and a display, side by side in `grid` from `column` on.
 QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& caption,
-                  const QString& name, const QString& text) {
+                  const QString& name, const Sample& sample, const QString& spoken = {}) {
     auto* display = makeDisplay(QStringLiteral("txt") + name);
-    auto* label = makeLabel(QStringLiteral("lbl") + name, caption);
-    label->setBuddy(display);
-    display->setText(text);
-    display->setAlignment(Qt::AlignRight);
-    display->setMinimumWidth(display->fontMetrics().horizontalAdvance(u'0') * 8);
+    auto* label = makeLabelFor(display, QStringLiteral("lbl") + name, caption, spoken);
+    display->setText(sample.first);
+    makeRoomFor(display, sample.longest);
     grid->addWidget(label, line, column);
     grid->addWidget(display, line, column + 1);
     return display;
 }
 
-/// A row for each good from `line` on; `prefix` tells the displays of one column from another's.
-GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const QString& text) {
+/// A row for each good from `line` on; `prefix` tells the displays of one column from another's,
+/// and so does `spoken`, which says what is shown of the good %1.
+GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const Sample& sample,
+                      const QString& spoken) {
     GoodDisplays displays{};
     for (const game::GoodRow& good : game::goods) {
         const QString name = fromRules(good.name);
         displays.at(game::index(good.good)) =
-            addRow(grid, line++, column, name + QStringLiteral(":"), prefix + name, text);
+            addRow(grid, line++, column, name + QStringLiteral(":"), prefix + name, sample,
+                   spoken.arg(name));
     }
     return displays;
-}
-
-QString nothing() {
-    return QStringLiteral("0");
-}
-QString noMoney() {
-    return money(0);
 }
 
 }  // namespace
@@ -73,23 +89,29 @@ QSize Panel::minimumSizeHint() const {
     return {layout()->totalMinimumSize().width(), QGroupBox::minimumSizeHint().height()};
 }
 
+void Panel::initStyleOption(QStyleOptionGroupBox* option) const {
+    QGroupBox::initStyleOption(option);
+    option->text = fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+}
+
 HousePanel::HousePanel()
     : Panel(QStringLiteral("fraHouse"), QStringLiteral("House of Zhenbao, Hong Kong")) {
-    auto* grid = new QGridLayout(this);
+    auto* grid = makeLines(this);
     grid->addWidget(makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0,
                     0, 1, 2, Qt::AlignCenter);
-    grid->addWidget(makeLabel(QStringLiteral("lblShip"), QStringLiteral("- Ship -")), 0, 2, 1, 2,
+    grid->addWidget(makeLabel(QStringLiteral("lblShip"), QStringLiteral("- Ship -")), 0, 3, 1, 2,
                     Qt::AlignCenter);
-    m_warehouse = addGoods(grid, 1, 0, u'W', nothing());
-    m_ship = addGoods(grid, 1, 2, u'S', nothing());
-    txtCannons =
-        addRow(grid, 1, 4, QStringLiteral("Cannons:"), QStringLiteral("Cannons"), nothing());
-    txtCash = addRow(grid, 2, 4, QStringLiteral("Cash:"), QStringLiteral("Cash"), noMoney());
-    txtDebt = addRow(grid, 3, 4, QStringLiteral("Debt:"), QStringLiteral("Debt"), noMoney());
-    txtBank = addRow(grid, 4, 4, QStringLiteral("Bank:"), QStringLiteral("Bank"), noMoney());
+    m_warehouse = addGoods(grid, 1, 0, u'W', units, QStringLiteral("%1 in the warehouse"));
+    m_ship = addGoods(grid, 1, 3, u'S', units, QStringLiteral("%1 aboard"));
+    txtCannons = addRow(grid, 1, 6, QStringLiteral("Cannons:"), QStringLiteral("Cannons"), units);
+    txtCash = addRow(grid, 2, 6, QStringLiteral("Cash:"), QStringLiteral("Cash"), fortunes);
+    txtDebt = addRow(grid, 3, 6, QStringLiteral("Debt:"), QStringLiteral("Debt"), fortunes);
+    txtBank = addRow(grid, 4, 6, QStringLiteral("Bank:"), QStringLiteral("Bank"), fortunes);
+    grid->setColumnMinimumWidth(2, columnGap);
+    grid->setColumnMinimumWidth(5, columnGap);
     grid->setColumnStretch(1, 2);
-    grid->setColumnStretch(3, 2);
-    grid->setColumnStretch(5, 3);
+    grid->setColumnStretch(4, 2);
+    grid->setColumnStretch(7, 3);
 }
 
 void HousePanel::showFirm(const QString& firm) {
@@ -109,12 +131,9 @@ void HousePanel::show(const game::GameState& state) {
 
 PricesPanel::PricesPanel()
     : Panel(QStringLiteral("fraPrices"), QStringLiteral("Prices at Hong Kong")) {
-    auto* grid = new QGridLayout(this);
-    txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"),
-                     fromRules(game::dateText(game::firstDay)));
-    // A date is longer than most figures, and has to show whole in the smallest window too.
-    txtDate->setMinimumWidth(txtDate->fontMetrics().horizontalAdvance(u'0') * 11);
-    m_prices = addGoods(grid, 1, 0, u'P', noMoney());
+    auto* grid = makeLines(this);
+    txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"), dates);
+    m_prices = addGoods(grid, 1, 0, u'P', prices, QStringLiteral("%1 price"));
     grid->setColumnStretch(1, 1);
 }
 
@@ -126,9 +145,10 @@ void PricesPanel::show(const game::GameState& state) {
     }
 }
 
-GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
-                       int maximum)
+GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& spoken,
+                       const QString& title, int value, int maximum)
     : Panel(name, title), m_bar(makeNamed<QProgressBar>(barName)) {
+    nameControl(m_bar, spoken);
     m_bar->setTextVisible(false);
     m_bar->setMaximum(maximum);
     m_bar->setValue(value);

@@ -25,6 +25,9 @@ public:
     void showTitle(const QString& title);
     [[nodiscard]] QSize minimumSizeHint() const override;
 
+protected:
+    void initStyleOption(QStyleOptionGroupBox* option) const override;
+
 private:
     QString m_title;
 };
@@ -61,8 +64,8 @@ private:
 /// A titled bar: the ship's condition, the hold in use.
 class GaugePanel final : public Panel {
 public:
-    GaugePanel(const QString& name, const QString& barName, const QString& title, int value,
-               int maximum);
+    GaugePanel(const QString& name, const QString& barName, const QString& spoken,
+               const QString& title, int value, int maximum);
 
     /// Shows `value` of `maximum`; figures beyond the bar's range stop at its ends.
     void show(const QString& title, game::Currency value, game::Currency maximum);
