@@ -189,7 +189,7 @@ TEST(Stillness, SparesTheFlashesOfTheReport) {
     test::FakeDesktop desktop;
     test::Unlucky random;
     ui::frmMain mainForm(desktop, random);
-    auto* report = find<QWidget>(mainForm, "txtLog");
+    auto* report = find<QPlainTextEdit>(mainForm, "txtLog")->viewport();
     std::vector<QColor> seen;
     desktop.duringWait = [&] { seen.push_back(report->palette().color(QPalette::Base)); };
     for (QStyle* style : {QApplication::style(), static_cast<QStyle*>(&still)}) {

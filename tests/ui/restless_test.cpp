@@ -613,7 +613,7 @@ private:
                              : qPrintable(bestBuy() + " optWarehouse close"));
         } else if (name == "frmTransfer" && enabled(*top, "cmdTransfer")) {
             doAnyOf(top, "cmdTransfer cmdTransfer cmdTransfer cmdTransfer <9> <9>");
-        } else if (name == "msgBox" && dice(5) <= 3) {
+        } else if (name == "msgBox" && dice(3) > 1) {
             click(any(top->findChildren<QPushButton*>()));
         } else if (!m_waiting || dice(8) == 1) {
             doAnyOf(top, habits[name]);
