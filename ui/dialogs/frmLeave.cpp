@@ -71,6 +71,7 @@ frmLeave::frmLeave(MainForm& mainForm)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(fraDestination);
     rows->addLayout(buttons);
+    placeAt(3400, 2910);
     fixSize(2850, 3450);
     for (QRadioButton* option : m_ports) {
         if (option->isChecked()) {
