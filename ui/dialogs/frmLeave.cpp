@@ -72,7 +72,7 @@ frmLeave::frmLeave(MainForm& mainForm)
     rows->addWidget(fraDestination);
     rows->addLayout(buttons);
     placeAt(3400, 2910);
-    fixSize(2850, 3450);
+    layOutTightly(2850, 3450);
     for (QRadioButton* option : m_ports) {
         if (option->isChecked()) {
             option->setFocus();  // the arrow keys go on from the proposal

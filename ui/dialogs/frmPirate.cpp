@@ -46,7 +46,7 @@ frmPirate::frmPirate(MainForm& mainForm)
     QWidget* sea = makeSea();
     grid->addWidget(sea, 1, 0, 1, 2, Qt::AlignCenter);
     placeAt(1180, 100);
-    fixSize(6855, 4695);
+    layOutTightly(6855, 4695);
     sea->layout()->setContentsMargins({});  // the panel has a size of its own
     sea->setFixedSize(sizeFromTwips(6615, 2895).expandedTo(sea->sizeHint()));
 

@@ -45,7 +45,7 @@ frmTransfer::frmTransfer(MainForm& mainForm)
 
     UpdateTransferButton();
     placeAt(3300, 2960);
-    fixSize(4815, 1815);
+    layOutTightly(4815, 1815);
 }
 
 game::Load frmTransfer::Row::load() const {
