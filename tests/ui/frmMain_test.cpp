@@ -187,6 +187,7 @@ TEST_F(MainWindow, OpensEveryMenuByItsKeysAndAnnouncesTheFirstMillionOnce) {
     expectNext("You are a Millionaire!");
     mainForm.state().gcurCash = game::million;
     mainForm.UpdateMainForm();
+    ASSERT_TRUE(mainForm.state().gblnMillionaire);
     mainForm.UpdateMainForm();
     mainForm.state().gblnGameSaved = true;
     press(Qt::Key_F10), press(Qt::Key_Up), press(Qt::Key_Return);
