@@ -29,9 +29,9 @@ public:
     ScriptedRandom& operator=(const ScriptedRandom&) = delete;
     ~ScriptedRandom() override { EXPECT_EQ(m_draws.size(), 0U) << "draws left over"; }
 
-    void add(std::initializer_list<double> draws, int times = 1) {
+    void add(const std::vector<double>& draws, int times = 1) {
         for (int time = 0; time < times; ++time) {
-            m_draws.insert(m_draws.end(), draws);
+            m_draws.insert(m_draws.end(), draws.begin(), draws.end());
         }
     }
 
