@@ -14,7 +14,7 @@
 #include <cmath>
 #include <functional>
 #include <numeric>
-#include <optional>
+#include <type_traits>
 #include <vector>
 
 #include "arrival.h"
@@ -64,12 +64,13 @@ private:
     GameState& m_state;
 };
 
-/// One draw of the game: its faces' odds in any unit, the draws before it, and the face it shows.
+/// One draw of the game: its faces' odds in any unit, the draws before it, and what it gives.
 struct Draw {
     const char* name;
     Odds odds;
     Odds before;
-    std::function<int(GameState&, Dice&)> face;
+    std::function<int(GameState&, Dice&)> given;
+    int first = 0;  ///< what the first face gives
 };
 
 Odds even(std::size_t faces) {
@@ -122,11 +123,22 @@ auto meeting(const Change& change) {
         return change(state);
     };
 }
-auto drawing(bool (*draw)(game::Random&)) {
-    return [draw](GameState& /*state*/, Dice& dice) { return draw(dice) ? 1 : 0; };
+/// What a function that does nothing but draw gives.
+template <class Function>
+auto drawing(Function draw) {
+    return [draw](GameState& state, Dice& dice) {
+        if constexpr (std::is_invocable_v<Function, GameState&, Dice&>) {
+            return game::Currency{draw(state, dice)}.toInt();
+        } else {
+            return game::Currency{draw(dice)}.toInt();
+        }
+    };
+}
+Change value(game::Field field) {
+    return [field](const GameState& state) { return (state.*field).toInt(); };
 }
 Change lost(game::Field field) {
-    return [field](const GameState& state) { return (common.*field - state.*field).toInt() - 1; };
+    return [field](const GameState& state) { return (common.*field - state.*field).toInt(); };
 }
 Change differs(game::Field field) {
     return [field](const GameState& state) { return state.*field == common.*field ? 0 : 1; };
@@ -155,10 +167,10 @@ std::vector<Draw> draws() {
     const auto tribute = [](GameState& state, Dice& dice) {
         state.gcurNetWorth = 2'000;
         const int asked = game::drawTribute(state, dice).toInt();  // below 20 it grows by 100
-        return asked > 100 ? asked - 101 : asked - 1;
+        return asked > 100 ? asked - 100 : asked;
     };
     std::vector<Draw> all{
-        {"the port proposed",
+        {"port",
          {1, 1, 1, 1, 0, 2, 1},
          {},
          [](GameState&, Dice& dice) { return port(game::proposedPort(dice, "Manila")); }},
@@ -168,60 +180,50 @@ std::vector<Draw> draws() {
         {"the port blown to", even(7), after(4, {roll(1, 25)}), blownTo},
         {"storm", oneIn(50), after(5), arriving(differs(&GameState::gcurStatus))},
         {"storm's damage", upToHalf(99), after(5, {roll(5, 50)}),
-         arriving(lost(&GameState::gcurStatus))},
-        {"tribute counter", even(2), after(6),
-         arriving([](const GameState& state) { return state.gcurPayoff.toInt() - 1; })},
+         arriving(lost(&GameState::gcurStatus)), 1},
+        {"tribute counter", even(2), after(6), arriving(value(&GameState::gcurPayoff)), 1},
         {"cannon", oneIn(5), {}, meeting(differs(&GameState::gcurPCannon))},
-        {"cannon's price", even(2'601), {roll(1, 5)}, meeting([](const GameState& state) {
-             return state.gcurPCannon.toInt() - 400;
-         })},
+        {"cannon's price", even(2'601), {roll(1, 5)}, meeting(value(&GameState::gcurPCannon)), 400},
         {"ship", oneIn(12), after(1), meeting(differs(&GameState::gcurPShip))},
         {"ship's price", even(19'001), after(1, {roll(2, 12)}),
-         meeting([](const GameState& state) { return state.gcurPShip.toInt() - 5'000; })},
+         meeting(value(&GameState::gcurPShip)), 5'000},
         {"seizure", oneIn(25), after(2), meeting(differs(&GameState::gcurSOpium))},
-        {"fine", upToHalf(101), after(2, {roll(3, 25)}), meeting(lost(&GameState::gcurCash))},
+        {"fine", upToHalf(101), after(2, {roll(3, 25)}), meeting(lost(&GameState::gcurCash)), 1},
         {"robbery", oneIn(25), after(3), meeting(differs(&GameState::gcurCash))},
-        {"robbery's loss", upToHalf(101), after(3, {roll(4, 25)}),
-         meeting(lost(&GameState::gcurCash))},
+        {"robbed", upToHalf(101), after(3, {roll(4, 25)}), meeting(lost(&GameState::gcurCash)), 1},
         {"theft", oneIn(25), after(4), meeting(differs(&GameState::gcurWSilk))},
         {"shock", oneIn(25), after(5),
          meeting([=](const GameState& state) { return shockedPrice(state) < 0 ? 0 : 1; })},
         {"price shocked", even(8), after(5, {roll(1, 25)}), meeting(shockedPrice)},
-        {"tribute", even(100), {}, tribute},
-        {"the poor's tribute",
-         even(80),
-         {0.5},
-         [](GameState& state, Dice& dice) { return game::drawTribute(state, dice).toInt() - 22; }},
-        {"fleet",
-         even(4),
-         {},
-         [](GameState& state, Dice& dice) { return game::drawFleet(state, dice).toInt() - 3; }},
+        {"tribute", even(100), {}, tribute, 1},
+        {"the poor's tribute", even(80), {0.5}, drawing(game::drawTribute), 22},
+        {"fleet", even(4), {}, drawing(game::drawFleet), 3},
         {"hit", {6, 4}, {}, drawing(game::drawHit)},
         {"hit taken", {3, 7}, {}, drawing(game::drawHitTaken)},
         {"cannon hit", oneIn(25), {}, drawing(game::drawCannonHit)},
-        {"escape, half loaded",
-         oneIn(6),
-         {},
-         [](GameState& state, Dice& dice) { return game::drawEscape(state, dice) ? 1 : 0; }},
+        {"escape, half loaded", oneIn(6), {}, drawing(game::drawEscape)},
         {"rescue", oneIn(8), {}, drawing(game::drawRescue)},
         {"shaken off",
          upToHalf(5),
          {},
-         [](GameState&, Dice& dice) { return game::drawShakenOff(dice, 5).toInt() - 1; }},
+         drawing([](Dice& dice) { return game::drawShakenOff(dice, 5); }),
+         1},
         {"booty",
          even(1'051),
          {},
-         [](GameState&, Dice& dice) { return game::drawBooty(dice, 1).toInt() - 300; }},
+         drawing([](Dice& dice) { return game::drawBooty(dice, 1); }),
+         300},
     };
     for (const game::GoodRow& good : game::goods) {
         all.push_back({"price", even(21), after(game::index(good.good)),
                        [&good](GameState& state, Dice& dice) {
                            game::drawPrices(state, dice);
-                           return (state.*good.price).toInt() / good.priceStep - 5;
-                       }});
+                           return (state.*good.price).toInt() / good.priceStep;
+                       },
+                       5});
         Odds earlier = after(4, {roll(5, 25)});
         earlier.resize(5 + game::index(good.good), uneventful);
-        all.push_back({"theft's loss", upToHalf(101), earlier, meeting(lost(good.warehouse))});
+        all.push_back({"theft's loss", upToHalf(101), earlier, meeting(lost(good.warehouse)), 1});
     }
     return all;
 }
@@ -233,7 +235,7 @@ TEST(Chance, KeepsTheOddsOfEveryDraw) {
         for (int trial = 0; trial < trials; ++trial) {
             GameState state = common;
             Dice dice(draw.before, (trial + 0.5) / trials);
-            counts.at(static_cast<std::size_t>(draw.face(state, dice))) += 1;
+            counts.at(static_cast<std::size_t>(draw.given(state, dice) - draw.first)) += 1;
         }
         const double whole = std::accumulate(draw.odds.begin(), draw.odds.end(), 0.0);
         for (std::size_t face = 0; face < draw.odds.size(); ++face) {
