@@ -84,30 +84,28 @@ GameState armed(int cannons, int silk = 0) {
 }
 
 TEST(Battle, DrawsTheFleetByTheHoldAndTheTributeOwed) {
-    using Row = std::tuple<Currency, int, double, int>;
-    for (const auto& [maxHold, payoff, draw, ships] :
-         {Row{60, 10, highestDraw, 6},
-          {60, 11, lowestDraw, 6},
-          {460, 11, highestDraw, 48},
-          {-60, 11, highestDraw, 1},
-          {Currency::highest(), 11, highestDraw, 48}}) {
-        GameState state = armed(0);
-        state.gcurMaxHold = maxHold;
-        state.gcurPayoff = payoff;
-        test::ScriptedRandom random{draw};
-        EXPECT_EQ(game::drawFleet(state, random), ships) << plainText(maxHold) << " at " << draw;
-        EXPECT_EQ(game::attackers(state), payoff > 10 ? "Kwan Tat's Pirates" : "Pirates");
+    GameState state = armed(0);
+    std::vector<Currency> fleets;
+    for (const Currency maxHold :
+         {Currency{-60}, Currency{60}, Currency{460}, Currency::highest()}) {
+        for (const int payoff : {10, 11}) {
+            state.gcurMaxHold = maxHold;
+            state.gcurPayoff = payoff;
+            test::ScriptedRandom random{highestDraw};
+            fleets.push_back(game::drawFleet(state, random));
+            EXPECT_EQ(game::attackers(state), payoff > 10 ? "Kwan Tat's Pirates" : "Pirates");
+        }
     }
+    EXPECT_EQ(fleets, (std::vector<Currency>{1, 1, 6, 12, 46, 48, 48, 48}));
 }
 
 TEST(Battle, EscapesTheLighterTheShipIs) {
-    using Row = std::tuple<int, int, double>;
-    for (const auto& [hold, maxHold, chance] :
-         {Row{0, 60, 1 / 4.0}, {60, 60, 1 / 8.0}, {120, 60, 1 / 12.0}, {50, 0, 1 / 4.0}}) {
-        GameState state = armed(0);
+    GameState state = armed(0);
+    for (const auto& [hold, maxHold, oneIn] :
+         {std::tuple{0, 60, 4}, {60, 60, 8}, {120, 60, 12}, {50, 0, 4}}) {
         state.gcurHold = hold;
         state.gcurMaxHold = maxHold;
-        test::ScriptedRandom random{chance - 1e-9, chance + 1e-9};
+        test::ScriptedRandom random{1.0 / oneIn - 1e-9, 1.0 / oneIn + 1e-9};
         EXPECT_TRUE(game::drawEscape(state, random)) << hold << " of " << maxHold;
         EXPECT_FALSE(game::drawEscape(state, random)) << hold << " of " << maxHold;
     }

@@ -20,10 +20,7 @@ GameDate day(int year, unsigned month, unsigned dayOfMonth) {
 }
 
 TEST(Calendar, MovesCountsAndWritesMonths) {
-    for (const auto& [from, to] : {std::pair{game::firstDay, day(1860, 2, 15)},
-                                   {day(1860, 12, 15), day(1861, 1, 15)},
-                                   {day(1860, 1, 31), day(1860, 2, 29)},
-                                   {day(1861, 1, 31), day(1861, 2, 28)},
+    for (const auto& [from, to] : {std::pair{day(1860, 1, 31), day(1860, 2, 29)},
                                    {day(9998, 12, 31), day(9999, 1, 31)},
                                    {day(9999, 12, 31), day(9999, 12, 31)}}) {
         EXPECT_EQ(game::oneMonthLater(from), to);
