@@ -31,12 +31,6 @@ protected:
         story(state, draws, scene, more...);
         return scene.transcript.take();
     }
-    std::string arrive(ScriptedRandom&& draws) {
-        return tell(game::arrive, std::move(draws), "Manila");
-    }
-    std::string meetEvents(ScriptedRandom&& draws) {
-        return tell(game::meetEvents, std::move(draws));
-    }
 
     test::TranscriptScene scene;
     GameState state = test::newGame();
@@ -75,14 +69,17 @@ TEST_F(Voyage, EndsWhereTheGameEnds) {
 
 TEST_F(Voyage, IsBlownOffCourseToAnotherPortAndWeathersStorms) {
     state.gcurStatus = 10;
-    EXPECT_EQ(arrive({0, 0, 0, 0, roll(1, 25), roll(5, 7), roll(5, 7), roll(1, 7), roll(5, 50),
-                      highestDraw, highestDraw}),
+    EXPECT_EQ(tell(game::arrive,
+                   {0, 0, 0, 0, roll(1, 25), roll(5, 7), roll(5, 7), roll(1, 7), roll(5, 50),
+                    highestDraw, highestDraw},
+                   "Manila"),
               " - Zhenbao, we have been blown off course to Hong Kong\nflash red\n"
               " - Zhenbao!, we have received 5% Damage from a storm\nflash red\n"
               " - Arriving at Hong Kong\n");
     EXPECT_EQ(state.gcurPayoff, 2);
     state.gcurStatus = 9;
-    EXPECT_EQ(arrive({0, 0, 0, 0, uneventful, roll(5, 50), 0}), " - Arriving at Manila\n");
+    EXPECT_EQ(tell(game::arrive, {0, 0, 0, 0, uneventful, roll(5, 50), 0}, "Manila"),
+              " - Arriving at Manila\n");
 }
 
 TEST_F(Voyage, RoundsInterestDown) {
@@ -90,7 +87,7 @@ TEST_F(Voyage, RoundsInterestDown) {
     for (const auto& [bank, debt] : {std::pair{199, 9}, {200, 10}, {1'000, -15}}) {
         state.gcurBank = bank;
         state.gcurDebt = debt;
-        arrive({0, 0, 0, 0, uneventful, uneventful, 0});
+        tell(game::arrive, {0, 0, 0, 0, uneventful, uneventful, 0}, "Manila");
         later.insert(later.end(), {state.gcurBank, state.gcurDebt});
     }
     EXPECT_EQ(later, (std::vector<Currency>{199, 9, 201, 11, 1'005, -17}));
@@ -109,9 +106,9 @@ TEST_F(Voyage, MeetsAllEventsAtOnceInTheirOrder) {
     expected.gcurWSilk = 50;
     expected.gcurWGeneral = 1;
     expected.gcurPOpium = 2'000;
-    EXPECT_EQ(meetEvents({roll(1, 5), lowestDraw, roll(2, 12), highestDraw, roll(3, 25), lowestDraw,
-                          roll(4, 25), highestDraw, roll(5, 25), highestDraw, highestDraw,
-                          roll(1, 25), roll(2, 8)}),
+    EXPECT_EQ(tell(game::meetEvents, {roll(1, 5), lowestDraw, roll(2, 12), highestDraw, roll(3, 25),
+                                      lowestDraw, roll(4, 25), highestDraw, roll(5, 25),
+                                      highestDraw, highestDraw, roll(1, 25), roll(2, 8)}),
               " - Zhenbao, a ship's cannon is available for $400\n"
               "enable Cannon\n"
               " - Zhenbao, you can trade in your ship for one with 50 more capacity\n"
@@ -131,10 +128,11 @@ TEST_F(Voyage, DrawsEventsBeforeTheirConditions) {
     state.gcurWOpium = state.gcurWSilk = state.gcurWArms = state.gcurWGeneral = 1;
     const std::vector<double> draws{roll(2, 5),  roll(2, 12), roll(3, 25),
                                     roll(4, 25), roll(5, 25), roll(2, 25)};
-    EXPECT_EQ(meetEvents(ScriptedRandom{draws}), "");
+    EXPECT_EQ(tell(game::meetEvents, ScriptedRandom{draws}), "");
     state.gcurMaxHold = 29'999;
     const double none = uneventful;
-    EXPECT_NE(meetEvents({none, roll(2, 12), 0, none, none, none, none}), "") << "the last ship";
+    EXPECT_NE(tell(game::meetEvents, {none, roll(2, 12), 0, none, none, none, none}), "")
+        << "the last ship";
 }
 
 TEST_F(Voyage, LosesAtMostHalfAndNeverMoreThanThereIs) {
