@@ -153,17 +153,20 @@ TEST(Battle, Runs) {
 }
 
 TEST(Battle, FightsToTheDeathUntilTheLastCannonIsLost) {
-    GameState state = armed(1, 1);
-    EXPECT_EQ(play(state, {roll(1, 4),  miss,        hitTaken,   theyMiss, theyMiss,
-                           cannonsSafe, miss,        theyMiss,   theyMiss, theyMiss,
-                           cannonsSafe, hit,         theyMiss,   theyMiss, cannonHit,
-                           highestDraw, highestDraw, lowestDraw, theyMiss, cannonHit},
-                   {&Battle::fight, &Battle::fightToDeath, &Battle::run}),
-              " status:100 cannons:1\n"
+    GameState state = armed(2, 1);
+    test::ScriptedRandom draws{roll(1, 4)};
+    draws.add({miss, miss, hitTaken, theyMiss, theyMiss, cannonHit});
+    draws.add({miss, theyMiss, theyMiss, theyMiss, cannonsSafe});
+    draws.add({hit, theyMiss, theyMiss, cannonHit});
+    draws.add({highestDraw, highestDraw, lowestDraw, theyMiss, cannonHit});  // none is left to hit
+    EXPECT_EQ(play(state, std::move(draws), {&Battle::fight, &Battle::fightToDeath, &Battle::run}),
+              " status:100 cannons:2\n"
               "Zhenbao, what shall we do? fleet:3 -D -R -C -F\n"
-              "We're firing on 'em, Zhenbao! 2000 200\n"
+              "We're firing on 'em, Zhenbao! 2000 200 200\n"
               "Sunk 0 of those buggers, Zhenbao! 2000\n"
               "They're firing on us, Zhenbao! 2000 flash 200 status:99\n"
+              "The buggers hit a Cannon, Zhenbao! cannons:1"
+              " [ - The buggers hit a Cannon, Zhenbao] refresh 2000\n"
               "Zhenbao, what shall we do? +F +R +D +C -D -R -C -F\n"
               "We're firing on 'em, Zhenbao! 500 50\n"
               "Sunk 0 of those buggers, Zhenbao! 500\n"
@@ -177,9 +180,9 @@ TEST(Battle, FightsToTheDeathUntilTheLastCannonIsLost) {
               "Zhenbao, what shall we do? +R +C -D -R -C -F\n"
               "Aye, we'll run, Zhenbao! 2500\n"
               "Can't lose 'em, but we escaped from 1 fleet:1 2000\n"
-              "They're firing on us, Zhenbao! 500\n"  // the last draw is made without a cannon, too
+              "They're firing on us, Zhenbao! 500\n"
               "Zhenbao, what shall we do? +R +C\n");
-    EXPECT_EQ(state.gcurHold, 1) << "a cannon's weight is gone with it";
+    EXPECT_EQ(state.gcurHold, 1) << "the cannons' weight is gone with them";
 }
 
 TEST(Battle, SinksOnTheVeryShot) {
