@@ -125,23 +125,8 @@ TEST(Battle, Runs) {
         " 2000\nThey're firing on us, Zhenbao! 2000\nZhenbao, what shall we do? +R -C\n";
     const double low = lowestDraw;
     const double high = highestDraw;
-    using Row = std::tuple<int, int, std::vector<double>, std::string>;
-    for (const auto& [maxHold, payoff, draws, outcome] :
-         {Row{60, 0, {low, low}, away},
-          {0, 0, {high, high}, away},  // a single ship
-          {60, 10, {low, high, roll(1, 8)}, drivenOff},
-          {60,
-           11,
-           {low, high, roll(1, 8), high, theyMiss, theyMiss, theyMiss, cannonsSafe},
-           notYet + "3 fleet:3" + underFire},
-          {60,
-           0,
-           {low, high, roll(2, 8), high, theyMiss, cannonsSafe},
-           notYet + "2 fleet:1" + underFire},
-          {0,
-           0,
-           {roll(1, 2), high, high, high, theyMiss, cannonsSafe},
-           notYet + "1 fleet:1" + underFire}}) {
+    const auto runWith = [](int maxHold, int payoff, const std::vector<double>& draws,
+                            const std::string& outcome) {
         GameState state = armed(0);
         state.gcurMaxHold = maxHold;
         state.gcurPayoff = payoff;
@@ -149,7 +134,16 @@ TEST(Battle, Runs) {
         EXPECT_TRUE(told.starts_with(" -F -D -C status:100 cannons:0\n")) << told;
         EXPECT_TRUE(told.ends_with(" -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n" + outcome))
             << told;
-    }
+    };
+    runWith(60, 0, {low, low}, away);
+    runWith(0, 0, {high, high}, away);  // a single ship
+    runWith(60, 10, {low, high, roll(1, 8)}, drivenOff);
+    runWith(60, 11, {low, high, roll(1, 8), high, theyMiss, theyMiss, theyMiss, cannonsSafe},
+            notYet + "3 fleet:3" + underFire);
+    runWith(60, 0, {low, high, roll(2, 8), high, theyMiss, cannonsSafe},
+            notYet + "2 fleet:1" + underFire);
+    runWith(0, 0, {roll(1, 2), high, high, high, theyMiss, cannonsSafe},
+            notYet + "1 fleet:1" + underFire);
 }
 
 TEST(Battle, FightsToTheDeathUntilTheLastCannonIsLost) {
@@ -186,18 +180,8 @@ TEST(Battle, FightsToTheDeathUntilTheLastCannonIsLost) {
 }
 
 TEST(Battle, SinksOnTheVeryShot) {
-    using Row = std::tuple<bool, int, std::vector<double>, void (Battle::*)(), const char*>;
-    for (const auto& [again, condition, draws, order, end] :
-         {Row{true,
-              2,
-              {roll(1, 4), highestDraw, highestDraw, lowestDraw, hitTaken, hitTaken},
-              &Battle::run,
-              "2000 flash 200 status:1 flash 200 status:0 again? finish\n"},
-          {false,
-           1,
-           {roll(1, 4), miss, hitTaken},
-           &Battle::fightToDeath,
-           " 500 flash 50 status:0 again? the end\n"}}) {
+    const auto sinkWith = [](bool again, int condition, const std::vector<double>& draws,
+                             void (Battle::*order)(), const char* end) {
         GameState state = armed(1);
         state.gcurStatus = condition;
         GameState expected = state;
@@ -207,7 +191,11 @@ TEST(Battle, SinksOnTheVeryShot) {
         const std::string told = play(state, test::ScriptedRandom{draws}, {order}, again);
         EXPECT_TRUE(told.ends_with(end)) << told;
         EXPECT_EQ(state, expected);
-    }
+    };
+    sinkWith(true, 2, {roll(1, 4), highestDraw, highestDraw, lowestDraw, hitTaken, hitTaken},
+             &Battle::run, "2000 flash 200 status:1 flash 200 status:0 again? finish\n");
+    sinkWith(false, 1, {roll(1, 4), miss, hitTaken}, &Battle::fightToDeath,
+             " 500 flash 50 status:0 again? the end\n");
 }
 
 TEST(Battle, DumpsCargoToRunLighter) {

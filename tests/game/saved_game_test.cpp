@@ -91,25 +91,19 @@ TEST(SavedGame, ReadsATextUpToItsClosingQuote) {
     }
 }
 
-TEST(SavedGame, RefusesWhatIsNotAValueOfItsKind) {
-    using Row = std::pair<std::size_t, Lines>;
-    for (const auto& [line, values] :
-         {Row{1,
-              {"", "1860-01-15", "#1860-01-15", "#1860-02-30#", "#1900-02-29#", "#1860-13-01#",
-               "#1860-1-15#", "#18a0-01-15#", "#18/0-01-15#", "#0000-01-01#", "#10000-01-01#",
-               "#-001-01-01#", "#1860/01/15#", " #1860-01-15#", "#1860-01-15##"}},
-          {2,
-           {"", "Smith", "\"Smith", "Smith\"", "\"two\r\nlines\"", " \"Smith\"",
-            std::string{"\"a\0b\"", 5}, "\"a\"b, c\""}},
-          {4, {"", "1 ", "$1", "#TRUE#", std::string{"1\0", 2}, std::string(400, '9')}},
-          {26, {"", "#true#", "TRUE", "#TRUE", "#FALSE# ", "0"}}}) {
+TEST(SavedGame, RefusesWhatIsNotAValueOfItsKindAndAFileThatEndsEarly) {
+    const auto refuse = [](std::size_t line, const Lines& values) {
         for (const std::string& value : values) {
             EXPECT_FALSE(readWith(line, value)) << "line " << line << ": " << value;
         }
-    }
-}
-
-TEST(SavedGame, RefusesAFileThatEndsEarly) {
+    };
+    refuse(1, {"", "1860-01-15", "#1860-01-15", "#1860-02-30#", "#1900-02-29#", "#1860-13-01#",
+               "#1860-1-15#", "#18a0-01-15#", "#18/0-01-15#", "#0000-01-01#", "#10000-01-01#",
+               "#-001-01-01#", "#1860/01/15#", " #1860-01-15#", "#1860-01-15##"});
+    refuse(2, {"", "Smith", "\"Smith", "Smith\"", "\"two\r\nlines\"", " \"Smith\"",
+               std::string{"\"a\0b\"", 5}, "\"a\"b, c\""});
+    refuse(4, {"", "1 ", "$1", "#TRUE#", std::string{"1\0", 2}, std::string(400, '9')});
+    refuse(26, {"", "#true#", "TRUE", "#TRUE", "#FALSE# ", "0"});
     const std::string text = joined(someLines, "\r\n");
     for (std::size_t length = 0; length < text.size() - 2; ++length) {
         EXPECT_FALSE(game::readSavedGame(text.substr(0, length))) << length;
