@@ -189,7 +189,7 @@ TEST(Battle, SinksOnTheVeryShot) {
         expected.gblnActiveGame = !again;
         expected.gblnGameOver = again;
         const std::string told = play(state, test::ScriptedRandom{draws}, {order}, again);
-        EXPECT_TRUE(told.ends_with(end)) << told;
+        EXPECT_TRUE(told.starts_with(" -C status:") && told.ends_with(end)) << told;
         EXPECT_EQ(state, expected);
     };
     sinkWith(true, 2, {roll(1, 4), highestDraw, highestDraw, lowestDraw, hitTaken, hitTaken},
