@@ -47,5 +47,6 @@ TEST(Transfer, MovesAboardFirstAndQuotesTheTypedAmounts) {
               (std::vector<std::string>{" - Transfered 5  Opium to Ship",
                                         " - Transfered 010 Opium to Warehouse"}));
     EXPECT_EQ(state, lying(5, 10));
-    EXPECT_EQ(game::transfer(state, {{Opium, "1"}, {}}).size(), 1U) << "nothing ashore";
+    EXPECT_EQ(game::transfer(state, {{Opium, "1"}, {}}),
+              std::vector<std::string>{" - Transfered 1 Opium to Ship"});
 }

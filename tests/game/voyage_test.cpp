@@ -142,6 +142,7 @@ TEST_F(Voyage, LosesAtMostHalfAndNeverMoreThanThereIs) {
          {Row{1, {highestDraw, none, none, none}, 0},
           {3, {highestDraw, none, none, none}, 1},
           {Currency::fromTenThousandths(5'000), {0, none, none, none}, 0},
+          {0, {roll(4, 25), none, none}, 0},
           {-5, {roll(4, 25), none, none}, -5},
           {11, {0, roll(4, 25), highestDraw, none, none}, 5}}) {
         state.gcurSOpium = state.gcurHold = 1;
