@@ -1,6 +1,9 @@
 #pragma once
 
-#include <QtWidgets>
+#include <QAbstractButton>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSlider>
 #include <memory>
 
 #include "amount_field.h"
@@ -20,46 +23,49 @@
 #include "frmTransfer.h"
 #include "frmVisit.h"
 #include "games.h"
+#include "modal.h"
+#include "qt_desktop.h"
 #include "text.h"
 
 namespace test {
 
 /// A house in its third year, with a voyage behind it.
 inline game::GameState prosperousGame() {
-    game::GameState state = newGame();
-    state.gdtmDate = std::chrono::year{1862} / std::chrono::August / 15;
-    state.gcurCannons = 6;
-    state.gcurStatus = 83;
-    state.gcurMaxHold = 210;
-    state.gcurHold = 185;
-    state.gcurSOpium = 40;
-    state.gcurSSilk = 85;
-    state.gcurWSilk = 320;
-    state.gcurWArms = 150;
-    state.gcurWGeneral = 1'200;
-    state.gcurPOpium = 9'000;
-    state.gcurPSilk = 2'100;
-    state.gcurCash = 264'815;
-    state.gcurBank = 180'400;
-    state.gcurDebt = 23'958;
-    return state;
+    using namespace std::chrono;
+    return newGameWith([](game::GameState& state) {
+        state.gdtmDate = year{1862} / August / 15;
+        state.gcurCannons = 6;
+        state.gcurStatus = 83;
+        state.gcurMaxHold = 210;
+        state.gcurSOpium = 40;
+        state.gcurSSilk = 85;
+        state.gcurHold = 185;
+        state.gcurWSilk = 320;
+        state.gcurWArms = 150;
+        state.gcurWGeneral = 1'200;
+        state.gcurPOpium = 9'000;
+        state.gcurPSilk = 2'100;
+        state.gcurCash = 264'815;
+        state.gcurBank = 180'400;
+        state.gcurDebt = 23'958;
+    });
 }
 
 /// The longest figures and texts that play leads to: the last dollar before the game is won.
 inline game::GameState richestGame() {
-    game::GameState state = newGame();
-    state.gdtmDate = std::chrono::year{1862} / std::chrono::November / 28;
-    state.gstrFirm = "Heron, Whitcombe & Moore";
-    state.gblnMillionaire = true;
-    state.gcurCash = state.gcurBank = state.gcurDebt = 999'999'999'999;
-    state.gcurCannons = 400;
-    state.gcurStatus = 88;
-    state.gcurHold = state.gcurMaxHold = 9'960;
-    for (const game::GoodRow& good : game::goods) {
-        state.*good.ship = state.*good.warehouse = 10'000;
-        state.*good.price = game::Currency{good.priceStep} * 250;
-    }
-    return state;
+    return newGameWith([](game::GameState& state) {
+        state.gdtmDate = std::chrono::year{1862} / std::chrono::November / 28;
+        state.gstrFirm = "Heron, Whitcombe & Moore";
+        state.gblnMillionaire = true;
+        state.gcurCash = state.gcurBank = state.gcurDebt = 999'999'999'999;
+        state.gcurCannons = 400;
+        state.gcurStatus = 88;
+        state.gcurHold = state.gcurMaxHold = 9'960;
+        for (const game::GoodRow& good : game::goods) {
+            state.*good.ship = state.*good.warehouse = 10'000;
+            state.*good.price = game::Currency{good.priceStep} * 250;
+        }
+    });
 }
 
 /// Chance at its worst: the largest fleet, no escape, every shot taken.
@@ -70,7 +76,7 @@ public:
 
 /// Opens every window of the program over the game, shows it filled in and hands it to `visit`,
 /// which also gets its name: that of the window and, where it has several states, of the state.
-/// Boxes and file dialogs are the toolkit's and left out.
+/// File dialogs are the toolkit's and left out.
 class EveryWindow {
 public:
     using Visitor = std::function<void(QWidget& window, const QString& name)>;
@@ -91,6 +97,7 @@ public:
             visitWindow(help, QStringLiteral("-") + QString::fromLatin1(page));
         }
         help.close();
+        visitBoxes();
     }
 
 private:
@@ -120,20 +127,30 @@ private:
     void visitMainForm() {
         visitWindow(m_mainForm, QStringLiteral("-start"));
         m_mainForm.state() = m_state;
-        game::GameDate& date = m_mainForm.state().gdtmDate;
-        date -= std::chrono::months{2};
+        m_mainForm.state().gdtmDate -= std::chrono::months{3};
         m_mainForm.beginGame(" - Game Loaded Successfully");
-        for (const std::string_view message :
-             {" - Departing Hong Kong.........................", " - Arriving at Manila",
-              " - The price of Opium has risen to $32,000!!", " - Sold 75 Opium @ $32,000 Each",
-              " - Bought 85 Silk @ $1,100 Each", " - Departing Manila.........................",
-              " - You got some booty worth $4,380", " - Arriving at Hong Kong"}) {
-            date += std::chrono::months{message.find("Arriving") != message.npos ? 1 : 0};
-            m_mainForm.appendEntry(message);
+        struct Entry {
+            int month;
+            const char* message;
+            const char* continuation = "";
+        };
+        for (const Entry& entry :
+             {Entry{5, " - Bought 75 Opium @ $7,000 Each"},
+              Entry{5, " - Departing Hong Kong........................."},
+              Entry{6, " - Arriving at Manila"},
+              Entry{6, " - The price of Opium has risen to $32,000!!"},
+              Entry{6, " - Sold 75 Opium @ $32,000 Each"},
+              Entry{6, " - Bought 85 Silk @ $1,100 Each"},
+              Entry{6, " - Departing Manila........................."},
+              Entry{6, " - You got some booty worth $4,380"}, Entry{7, " - Arriving at Nagasaki"},
+              Entry{7, " - Bought 40 Opium @ $5,000 Each"},
+              Entry{7, " - Departing Nagasaki........................."},
+              Entry{8, " - Arriving at Hong Kong"},
+              Entry{8, " - Zhenbao, you can trade in your ship for one with 50 more capacity",
+                    "by paying an additional $12,350"}}) {
+            m_mainForm.state().gdtmDate = m_state.gdtmDate - std::chrono::months{8 - entry.month};
+            m_mainForm.appendEntry(entry.message, entry.continuation);
         }
-        m_mainForm.appendEntry(
-            " - Zhenbao, you can trade in your ship for one with 50 more capacity",
-            "by paying an additional $12,350");
         for (const game::Order offer : {game::Order::Cannon, game::Order::Ship}) {
             m_mainForm.setOrderEnabled(offer, true);
         }
@@ -177,6 +194,28 @@ private:
         find<QAbstractButton>(battle, "cmdRun")->click();
         m_desktop.duringWait = [] {};
         m_mainForm.state() = m_state;
+    }
+
+    void visitBoxes() {
+        using ui::Answer;
+        using ui::Icon;
+        for (const ui::Box& box :
+             {ui::Box{.text = "Do you want to save the current game?   ",
+             .icon = Icon::Exclamation,
+             .buttons = {Answer::Yes, Answer::No, Answer::Cancel}},
+              ui::Box{.text = "Do you really want to quit this game?   ",
+              .icon = Icon::Question,
+              .buttons = {Answer::Yes, Answer::No}},
+              ui::Box{.text = "Insufficient Funds     ", .title = ui::refusalTitle},
+              ui::Box{.text = "Error Opening File   ",
+              .title = "Too many levels of symbolic links",
+              .icon = Icon::Stop}}) {
+            inNextDialog([&](QDialog& dialog) {
+                visitWindow(dialog, QStringLiteral("-%1").arg(static_cast<int>(box.icon)));
+                dialog.done(0);
+            });
+            ui::QtDesktop().show(&m_mainForm, box);
+        }
     }
 
     game::GameState m_state;
