@@ -29,11 +29,11 @@ TEST(Currency, WritesMoneyInWholeDollars) {
 TEST(Currency, ReadsWhatItWrites) {
     std::string texts;
     for (const Currency amount :
-         {Currency{5'000}, decimal(-122'500), decimal(1), highest, lowest}) {
+         {Currency{5'000}, decimal(-122'500), decimal(-1), highest, lowest}) {
         texts += game::plainText(amount) + ' ';
         EXPECT_EQ(game::readDecimal(game::plainText(amount)), amount);
     }
-    EXPECT_EQ(texts, "5000 -12.25 0.0001 922337203685477.5807 -922337203685477.5808 ");
+    EXPECT_EQ(texts, "5000 -12.25 -0.0001 922337203685477.5807 -922337203685477.5808 ");
 }
 
 TEST(Currency, ReadsDecimalsExactlyOrNotAtAll) {
@@ -52,6 +52,7 @@ TEST(Currency, ReadsDecimalsExactlyOrNotAtAll) {
 }
 
 TEST(Currency, CountsExactlyAndStopsAtItsEnds) {
+    EXPECT_EQ(Currency{-5} * 2, Currency{-10});
     const std::vector<Currency> exact{
         decimal(15'000) * decimal(15'000), decimal(1) * decimal(5'000),
         decimal(-1) * decimal(5'000),      decimal(1) * decimal(4'999),
