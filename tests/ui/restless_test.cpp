@@ -340,8 +340,8 @@ public:
                                            ownFile(), ownFile()});
     }
     void openLink(const QUrl& /*link*/) override { count("link"); }
-    void wait(game::Milliseconds /*duration*/) override {
-        if (dice(100) <= m_folly / 4 + 1) {
+    void wait(game::Milliseconds duration) override {
+        if (dice(100) <= (duration == game::pace::alertFlash ? 50 : m_folly / 4 + 1)) {
             const QScopedValueRollback waiting(m_waiting, true);
             QCoreApplication::processEvents();
         }
@@ -389,11 +389,11 @@ private:
         }
         QWidget* top = QApplication::activeModalWidget();
         top = top != nullptr ? top : &m_mainForm;
+        m_books.underWay = !m_mainForm.menuBar()->actions().constFirst()->isEnabled();
         readReport();
         const bool alone = top == &m_mainForm && !m_waiting;
         const bool atRest = alone && thread()->loopLevel() == 1;
         m_top = top->objectName();
-        m_books.underWay = !m_mainForm.menuBar()->actions().constFirst()->isEnabled();
         expect(!m_books.underWay || !atRest, "closed menus in port");
         expect(!state().gblnGameOver || !atRest, "nothing follows the end of a game");
         // A loop may still be busy with the last events of a dialog that has closed.
@@ -447,6 +447,7 @@ private:
             }
             const QString kind = m_books.post(entry, findings);
             count(kind);
+            findings.holds(!m_books.underWay || !kind.endsWith("bought"), "an order at sea");
             if (kind == "game saved") {
                 findings.holds(written(state()) == fileContent(m_savedTo), "another game saved");
             }
@@ -590,7 +591,7 @@ private:
     }
     void actSensibly(QWidget* top) {
         static const QMap<QString, const char*> habits{
-            {"frmNew", "txtFirm <W> <U> <&> optCash optDebt <Return> <Return>"},
+            {"frmNew", "txtFirm <W> <U> <&> optCash optDebt <Return> <Return> <Esc>"},
             {"frmSell", "cmdSellAll cmdSellAll cmdSellAll cmdMaxOpium cmdSell optWarehouse close"},
             {"frmTransfer",
              "cboShip cboWarehouse cboSAmount cboSAmount cboWAmount cboWAmount <9> <9> cmdCancel"},
@@ -605,12 +606,16 @@ private:
             {"frmAbout", "lblHomepage lblContact <Esc>"},
             {"msgBox", "<Return> <Return> <Return> <Esc> <Esc> <Esc>"}};
         const QString name = top->objectName();
+        const bool home = game::inHongKong(state());
         if (name == "frmMain") {
             doAnyOf(top, whatToDoInPort());
+        } else if (name == "frmBuy" && home &&
+                   game::freeRoom(state(), game::Place::Warehouse) <= 0) {
+            doAnyOf(top, "optWarehouse cboGeneral <9> <9> cmdBuy cmdBuy close");
         } else if (name == "frmBuy") {
             doAnyOf(top, enabled(*top, "cmdBuy")
                              ? "cmdBuy cmdBuy <Return> <9> <9> optWarehouse close"
-                             : qPrintable(bestBuy() + " optWarehouse close"));
+                             : qPrintable(bestBuy() + " optWarehouse cboGeneral <9> close"));
         } else if (name == "frmTransfer" && enabled(*top, "cmdTransfer")) {
             doAnyOf(top, "cmdTransfer cmdTransfer cmdTransfer cmdTransfer <9> <9>");
         } else if (name == "msgBox" && dice(3) > 1) {
@@ -621,7 +626,7 @@ private:
     }
     const char* whatToDoInPort() {
         if (m_books.underWay) {
-            return "";
+            return "cmdCannon cmdShip cmdLeave";
         }
         if (!state().gblnActiveGame) {
             return "<Ctrl+N> <Ctrl+L>";
@@ -644,7 +649,7 @@ private:
                : can("cmdVisit") && dice(4) == 1                           ? "cmdVisit cmdTransfer"
                : can("cmdRepair") && dice(6) == 1                          ? "cmdRepair"
                : dear                                                      ? "cmdSell"
-               : cargo ? "cmdLeave cmdLeave cmdSell cmdBuy"
+               : cargo ? "cmdLeave cmdLeave cmdSell cmdBuy cmdBuy"
                        : "cmdBuy cmdBuy cmdBuy cmdLeave";
     }
     /// How dear a good is, from 5 to 25 where nothing extraordinary happened.
@@ -749,6 +754,7 @@ void layOutFiles(const QString& folder) {
           {&GameState::gcurStatus, 3, &GameState::gcurPayoff, 11},
           {&GameState::gcurStatus, 9, &GameState::gcurSOpium, 50},
           {&GameState::gcurWSilk, 10'000, &GameState::gcurSOpium, 9},
+          {&GameState::gcurWArms, 10'000, &GameState::gcurCash, 50'000},
           {&GameState::gcurDebt, 980'000'000'000, &GameState::gcurPayoff, 12},
           {&GameState::gcurWGeneral, 40, &GameState::gcurBank, 77'000},
           {&GameState::gcurCash, 999'999, &GameState::gcurPayoff, 11},
