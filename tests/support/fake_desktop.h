@@ -4,9 +4,11 @@
 
 #include <QStringList>
 #include <QUrl>
+#include <array>
 #include <deque>
 #include <functional>
 #include <stdexcept>
+#include <utility>
 
 #include "desktop.h"
 
@@ -35,14 +37,14 @@ public:
     game::Milliseconds waited{0};
     std::function<void()> duringWait = [] {};  ///< what the player does meanwhile
     std::function<void()> duringBox = [] {};
-    ui::Box lastBox;
+    std::string lastButtons;  ///< as in "Question: Yes (Enter), No (Escape)"
 
     void expect(const QString& text, const QString& title, ui::Answer answer = ui::Answer::Ok) {
         m_boxes.push_back({text, title, answer});
     }
 
     ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
-        lastBox = box;
+        lastButtons = buttonsOf(box);
         if (m_boxes.empty()) {
             ADD_FAILURE() << "an unexpected box: " << box.text.toStdString();
             return box.onEscape;
@@ -64,6 +66,21 @@ public:
     [[noreturn]] void endProgram() override { throw ProgramEnded{}; }
 
 private:
+    static std::string buttonsOf(const ui::Box& box) {
+        constexpr std::array icons{"Information", "Question", "Exclamation", "Stop"};
+        constexpr std::array answers{"OK", "Yes", "No", "Cancel"};
+        std::string text = icons.at(static_cast<std::size_t>(box.icon));
+        const char* comma = ": ";
+        for (const ui::Answer answer : box.buttons) {
+            text += std::exchange(comma, ", ");
+            text += answers.at(static_cast<std::size_t>(answer));
+            const bool enter = answer == box.byDefault;
+            const bool escape = answer == box.onEscape;
+            text += enter && escape ? " (both)" : enter ? " (Enter)" : escape ? " (Escape)" : "";
+        }
+        return text;
+    }
+
     struct Expected {
         QString text;
         QString title;

@@ -12,7 +12,7 @@
 namespace test {
 
 /// A main window that remembers what dialogs asked of it.
-class FakeMainForm final : public ui::MainForm {
+class FakeMainForm : public ui::MainForm {
 public:
     game::GameState record = newGame();
     ScriptedRandom draws;

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QStringList>
+#include <QVariant>
 #include <QWidget>
 #include <stdexcept>
 
@@ -15,6 +17,20 @@ Control* find(QWidget& window, const char* name) {
         throw std::runtime_error(std::string{"no control named "} + name);
     }
     return control;
+}
+
+/// What the named controls show, in their order; what is disabled stands in brackets.
+inline std::string shown(QWidget& window, const char* names) {
+    QStringList texts;
+    for (const QString& name : QString(names).split(' ')) {
+        const auto* control = find<QWidget>(window, qPrintable(name));
+        QVariant text;
+        for (const char* property : {"currentText", "value", "title", "text"}) {
+            text = text.isValid() ? text : control->property(property);
+        }
+        texts << (control->isEnabled() ? text.toString() : '(' + text.toString() + ')');
+    }
+    return texts.join("; ").toStdString();
 }
 
 }  // namespace test

@@ -29,18 +29,14 @@ public:
     ScriptedRandom& operator=(const ScriptedRandom&) = delete;
     ~ScriptedRandom() override { EXPECT_EQ(m_draws.size(), 0U) << "draws left over"; }
 
-    void add(std::initializer_list<double> draws, int times = 1) {
+    void add(const std::vector<double>& draws, int times = 1) {
         for (int time = 0; time < times; ++time) {
-            m_draws.insert(m_draws.end(), draws);
+            m_draws.insert(m_draws.end(), draws.begin(), draws.end());
         }
     }
 
     double Rnd() override {
-        if (m_draws.empty()) {
-            ADD_FAILURE() << "a draw more than scripted";
-            return 0.5;
-        }
-        const double draw = m_draws.front();
+        const double draw = m_draws.at(0);  // throws where there is none left
         m_draws.pop_front();
         return draw;
     }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <deque>
 #include <functional>
 #include <string>
@@ -15,22 +16,10 @@ namespace test {
 /// What a story told to its scene, one line an event; dots of a passage stay on one line.
 class Transcript {
 public:
-    void line(std::string_view text) {
-        if (!m_text.empty() && m_text.back() != '\n') {
-            m_text += '\n';
-        }
-        m_text.append(text).append("\n");
-    }
-    void tail(std::string_view text) {
-        if (!m_text.empty() && m_text.back() == '\n') {
-            m_text.pop_back();
-        }
-        m_text.append(text);
-    }
+    void line(std::string_view text) { m_text.append(m_text.empty() ? "" : "\n").append(text); }
+    void tail(std::string_view text) { m_text.append(text); }
     [[nodiscard]] std::string take() {
-        if (!m_text.empty() && m_text.back() != '\n') {
-            m_text += '\n';
-        }
+        tail(m_text.empty() ? "" : "\n");
         return std::exchange(m_text, {});
     }
 
@@ -39,28 +28,9 @@ private:
 };
 
 inline std::string_view name(game::Order order) {
-    using game::Order;
-    switch (order) {
-        case Order::Buy:
-            return "Buy";
-        case Order::Sell:
-            return "Sell";
-        case Order::Leave:
-            return "Leave";
-        case Order::Visit:
-            return "Visit";
-        case Order::Money:
-            return "Money";
-        case Order::Transfer:
-            return "Transfer";
-        case Order::Repair:
-            return "Repair";
-        case Order::Cannon:
-            return "Cannon";
-        case Order::Ship:
-            return "Ship";
-    }
-    return "?";
+    constexpr std::array<std::string_view, 9> names{
+        "Buy", "Sell", "Leave", "Visit", "Money", "Transfer", "Repair", "Cannon", "Ship"};
+    return names.at(static_cast<std::size_t>(order));
 }
 
 /// A voyage watched by nobody: it is written down, and questions get the answers laid ready.

@@ -1,32 +1,13 @@
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QComboBox>
-#include <QDirIterator>
-#include <QFileDialog>
-#include <QLineEdit>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <algorithm>
+#include <QtTest>
+#include <QtWidgets>
 
 #include "find.h"
 #include "modal.h"
 #include "qt_desktop.h"
 
 namespace {
-
-QStringList everythingIn(const QString& folder) {
-    QDirIterator files(folder, QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                       QDirIterator::Subdirectories);
-    QStringList names;
-    while (files.hasNext()) {
-        names.append(files.next().mid(folder.size() + 1));
-    }
-    names.sort();
-    return names;
-}
 
 /// Whether the open dialog comes to list exactly these files.
 bool lists(QDialog& dialog, const QStringList& expected) {
@@ -41,23 +22,15 @@ bool lists(QDialog& dialog, const QStringList& expected) {
     });
 }
 
-}  // namespace
-
-TEST(FileDialog, OffersEveryFileAndLeavesNoTrace) {
-    const QTemporaryDir home;
-    qputenv("HOME", home.path().toLocal8Bit());
-    for (const char* name : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {
-        qunsetenv(name);
-    }
+TEST(FileDialog, OffersEveryFileAndComesBackToTheLast) {
+    const QTemporaryDir folder;
     for (const char* name : {"game.zhb", "no dot"}) {
-        ASSERT_TRUE(QFile(home.filePath(name)).open(QIODevice::WriteOnly));
+        ASSERT_TRUE(QFile(folder.filePath(name)).open(QIODevice::WriteOnly));
     }
+    qputenv("HOME", folder.path().toLocal8Bit());
     QWidget owner;
     ui::QtDesktop desktop;
-    bool seen = false;
-    QTimer::singleShot(0, [&] {
-        auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
-        EXPECT_EQ(dialog.objectName(), "dlgFile");
+    test::inNextDialog([&](QDialog& dialog) {
         auto* filters = test::find<QComboBox>(dialog, "fileTypeCombo");
         EXPECT_EQ(filters->itemText(0), "Saved Game Files (*.zhb)");
         EXPECT_EQ(filters->itemText(1), "All Files (*.*)");
@@ -68,26 +41,32 @@ TEST(FileDialog, OffersEveryFileAndLeavesNoTrace) {
         auto* name = test::find<QLineEdit>(dialog, "fileNameEdit");
         name->setText("as typed");
         QTest::keyClick(name, Qt::Key_Return);
-        seen = true;
     });
-    EXPECT_EQ(desktop.chooseFileToSave(&owner), home.filePath("as typed"));
-    EXPECT_TRUE(seen);
-    QTimer::singleShot(0, [&] {
-        auto& dialog = dynamic_cast<QDialog&>(*QApplication::activeModalWidget());
-        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "as typed");
+    EXPECT_EQ(desktop.chooseFileToSave(&owner), folder.filePath("as typed"));
+    test::inNextDialog([&](QDialog& dialog) {
+        EXPECT_EQ(test::shown(dialog, "fileNameEdit"), "as typed");
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     EXPECT_EQ(desktop.chooseFileToSave(&owner), QString{});
-    EXPECT_EQ(everythingIn(home.path()), (QStringList{"game.zhb", "no dot"}));
 }
 
-TEST(MessageBox, HasRoomForTheReasonInItsTitle) {
-    const QString reason = QStringLiteral("Too many levels of symbolic links");
+TEST(MessageBox, HasRoomForTheReasonInItsTitleAndAnswersAsItSays) {
+    using ui::Answer;
+    const ui::Box box{.text = "Error Saving File   ",
+                      .title = "Too many levels of symbolic links",
+                      .buttons = {Answer::Yes, Answer::No, Answer::Cancel},
+                      .byDefault = Answer::No,
+                      .onEscape = Answer::Cancel};
     QWidget owner;
     ui::QtDesktop desktop;
-    test::inNextDialog([&](QDialog& box) {
-        EXPECT_GT(box.width(), box.fontMetrics().horizontalAdvance(reason) + 100);
-        box.accept();
-    });
-    desktop.show(&owner, {.text = QStringLiteral("Error Saving File   "), .title = reason});
+    for (const auto& [key, answer] :
+         {std::pair{Qt::Key_Return, Answer::No}, {Qt::Key_Escape, Answer::Cancel}}) {
+        test::inNextDialog([&box, pressed = key](QDialog& dialog) {
+            EXPECT_GT(dialog.width(), dialog.fontMetrics().horizontalAdvance(box.title) + 100);
+            QTest::keyClick(&dialog, pressed);
+        });
+        EXPECT_EQ(desktop.show(&owner, box), answer);
+    }
 }
+
+}  // namespace

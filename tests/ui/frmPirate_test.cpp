@@ -3,15 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QtTest>
 
-#include "fake_main_form.h"
-#include "find.h"
+#include "opened.h"
 
-using test::find;
+using test::Opened;
 using test::roll;
+using ui::frmPirate;
 
 namespace {
 
@@ -19,154 +16,108 @@ const double hit = roll(7, 10);
 const double hitTaken = roll(4, 10);
 const double theyMiss = roll(3, 10);
 const double cannonsSafe = roll(1, 25);
+constexpr auto orders = "cmdFight cmdDeath cmdRun cmdDump";
 
-class frmPirateTest : public testing::Test {
-protected:
-    test::FakeMainForm mainForm;
-
-    frmPirateTest() {
-        mainForm.record.gcurCannons = 2;
-        mainForm.record.gcurSSilk = 5;
-        mainForm.record.gcurHold = 25;
-    }
-
-    static std::string text(QWidget& form, const char* name) {
-        return find<QLineEdit>(form, name)->text().toStdString();
-    }
-    static bool enabled(QWidget& form, const char* name) {
-        return find<QPushButton>(form, name)->isEnabled();
-    }
-    static void press(QWidget& form, const char* name) {
-        QTest::mouseClick(find<QPushButton>(form, name), Qt::LeftButton);
-    }
-    static QLabel* picture(QWidget& form, int number) {
-        return find<QLabel>(form, qPrintable(QStringLiteral("imgPirate%1").arg(number)));
-    }
-    /// Exactly the first pictures are to be seen, as many as the report tells.
-    static void expectFleetAsReported(QWidget& form) {
-        const int ships = find<QLineEdit>(form, "txtEnemy")->text().toInt();
-        for (int number = 0; number < 48; ++number) {
-            EXPECT_EQ(picture(form, number)->isVisible(), number < ships) << number;
-        }
-    }
-};
-
-}  // namespace
-
-TEST_F(frmPirateTest, OpensAfreshEachTime) {
-    mainForm.record.gcurMaxHold = 480;
-    mainForm.record.gcurPayoff = 11;
-    for (const int cannons : {0, 2}) {
-        mainForm.record.gcurCannons = cannons;
-        mainForm.draws.add({roll(46, 46)});
-        ui::frmPirate form{mainForm};
-        form.show();
-        EXPECT_EQ(form.windowTitle().toStdString(), "Kwan Tat's Pirates");
-        EXPECT_EQ(text(form, "txtEnemy"), "48");
-        EXPECT_EQ(text(form, "txtStatus"), "100%");
-        EXPECT_EQ(text(form, "txtCannons"), std::to_string(cannons));
-        EXPECT_EQ(enabled(form, "cmdFight"), cannons > 0);
-        EXPECT_EQ(enabled(form, "cmdDeath"), cannons > 0);
-        EXPECT_EQ(form.focusWidget(), find<QPushButton>(form, cannons > 0 ? "cmdFight" : "cmdRun"));
-        expectFleetAsReported(form);
-        EXPECT_EQ(picture(form, 0)->geometry(), QRect(8, 8, 32, 32));
-        EXPECT_EQ(picture(form, 47)->geometry(), QRect(376, 128, 32, 32));
-        for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter}) {
-            QTest::keyClick(form.focusWidget(), key);
-            EXPECT_TRUE(form.isVisible());
-        }
-        EXPECT_EQ(mainForm.fakeDesktop.waited.count(), 0) << "keys that give no order";
-    }
+/// Three ships against two cannons and some silk.
+void meet(test::FakeMainForm& form) {
+    form.record.gcurCannons = 2;
+    form.record.gcurSSilk = 5;
+    form.record.gcurHold = 25;
+    form.draws.add({roll(1, 4)});
 }
 
-TEST_F(frmPirateTest, PlaysAVolleyInWhichNothingElseCanBeOrdered) {
-    mainForm.draws.add({roll(1, 4), hit, hit, hitTaken, cannonsSafe});  // one of three is left
-    ui::frmPirate form{mainForm};
-    form.show();
+QLabel* picture(QWidget& form, int number) {
+    return test::find<QLabel>(form, qPrintable(QString("imgPirate%1").arg(number)));
+}
+
+TEST(frmPirate, OpensWithTheLargestFleetAndKeysThatGiveNoOrder) {
+    Opened<frmPirate> visit([](test::FakeMainForm& form) {
+        form.record.gcurMaxHold = 480;
+        form.record.gcurPayoff = 11;
+        form.draws.add({roll(46, 46)});
+    });
+    EXPECT_EQ(visit.dialog().windowTitle(), "Kwan Tat's Pirates");
+    EXPECT_EQ(visit.shown(orders), "(Fight); (Fight to Death); Run; (Dump Cargo)");
+    EXPECT_EQ(visit.shown("txtEnemy txtStatus txtCannons"), "48; 100%; 0");
+    EXPECT_EQ(visit.dialog().focusWidget()->objectName(), "cmdRun");
+    EXPECT_EQ(picture(visit.dialog(), 0)->geometry(), QRect(8, 8, 32, 32));
+    EXPECT_EQ(picture(visit.dialog(), 47)->geometry(), QRect(376, 128, 32, 32));
+    visit.press("cmdRun", {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter});
+    EXPECT_TRUE(visit.dialog().isVisible());
+    EXPECT_EQ(visit.fakeDesktop.waited.count(), 0);
+}
+
+TEST(frmPirate, PlaysAVolleyInWhichNothingElseCanBeOrdered) {
+    Opened<frmPirate> visit(meet);
+    visit.draws.add({hit, hit, hitTaken, cannonsSafe});  // one of three is left
     std::vector<int> heights;
-    mainForm.fakeDesktop.duringWait = [&] {
-        expectFleetAsReported(form);
-        heights.push_back(picture(form, 2)->height());
-        for (const char* order : {"cmdFight", "cmdDeath", "cmdRun", "cmdDump"}) {
-            EXPECT_FALSE(enabled(form, order));
-            press(form, order);
-        }
+    visit.fakeDesktop.duringWait = [&] {
+        EXPECT_EQ(picture(visit.dialog(), 2)->isVisible(), visit.shown("txtEnemy") == "3");
+        heights.push_back(picture(visit.dialog(), 2)->height());
+        EXPECT_EQ(visit.shown(orders), "(Fight); (Fight to Death); (Run); (Dump Cargo)");
+        visit.click("cmdRun");
         for (const Qt::Key key : {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
-            QTest::keyClick(&form, key);
+            QTest::keyClick(&visit.dialog(), key);
         }
     };
-    QTest::keyClick(find<QPushButton>(form, "cmdFight"), Qt::Key_Space);
+    visit.press("cmdFight", {Qt::Key_Space});
 
-    EXPECT_TRUE(form.isVisible());
+    EXPECT_TRUE(visit.dialog().isVisible());
     EXPECT_EQ(heights.at(1 + 24), 16);  // half way down
     EXPECT_TRUE(std::is_sorted(heights.rbegin(), heights.rend()));
     EXPECT_EQ(heights.back(), 0);
-    EXPECT_EQ(mainForm.fakeDesktop.waited.count(),
+    EXPECT_EQ(visit.fakeDesktop.waited.count(),
               2'000 + 2 * (200 + 48 * 5) + 2'000 + 2'000 + 10 + 200);
-    EXPECT_EQ(mainForm.previewed, 99);
-    EXPECT_EQ(text(form, "txtStatus"), "99%");
-    EXPECT_EQ(text(form, "txtReport"), "Zhenbao, what shall we do?");
-    EXPECT_EQ(form.focusWidget(), find<QPushButton>(form, "cmdFight"));
+    EXPECT_EQ(visit.previewed, 99);
+    EXPECT_EQ(visit.shown("txtStatus txtReport"), "99%; Zhenbao, what shall we do?");
+    EXPECT_EQ(visit.dialog().focusWidget()->objectName(), "cmdFight");
 }
 
-TEST_F(frmPirateTest, CloseBoxAsksOnceAndTheBattleGoesOn) {
-    mainForm.draws.add(
-        {roll(1, 4), roll(8, 8), roll(8, 8), roll(1, 2), theyMiss, theyMiss, cannonsSafe});
-    auto& desktop = mainForm.fakeDesktop;
-    const QString quit = QStringLiteral("Do you want to quit this game?     ");
-    ui::frmPirate form{mainForm};
-    form.show();
-    desktop.duringBox = [&form] { form.close(); };
+TEST(frmPirate, CloseBoxAsksOnceAndTheBattleGoesOn) {
+    Opened<frmPirate> visit(meet);
+    visit.draws.add({roll(8, 8), roll(8, 8), roll(1, 2), theyMiss, theyMiss, cannonsSafe});
+    auto& desktop = visit.fakeDesktop;
+    constexpr auto quit = "Do you want to quit this game?     ";
+    desktop.duringBox = [&] { visit.dialog().close(); };
     int waits = 0;
     desktop.duringWait = [&] {
         if (++waits == 2) {
-            desktop.expect(quit, ui::programName, ui::Answer::No);
-            form.close();
+            desktop.expect(quit, "Zhenbao", ui::Answer::No);
+            visit.dialog().close();
         }
     };
-    press(form, "cmdRun");
-    EXPECT_EQ(desktop.lastBox.onEscape, ui::Answer::No);
-    EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(text(form, "txtEnemy"), "2");
+    visit.click("cmdRun");
+    EXPECT_EQ(desktop.lastButtons, "Question: Yes, No (both)");
+    EXPECT_TRUE(visit.dialog().isVisible());
+    EXPECT_EQ(visit.shown("txtEnemy"), "2");
 
-    desktop.expect(quit, ui::programName, ui::Answer::Yes);
-    EXPECT_THROW(form.close(), test::ProgramEnded);
+    desktop.expect(quit, "Zhenbao", ui::Answer::Yes);
+    EXPECT_THROW(visit.dialog().close(), test::ProgramEnded);
 }
 
-TEST_F(frmPirateTest, DumpsOnlyOnAPlainYes) {
-    mainForm.draws.add({roll(1, 4)});
-    ui::frmPirate form{mainForm};
-    form.show();
-    for (const ui::Answer answer : {ui::Answer::No, ui::Answer::Yes}) {
-        EXPECT_EQ(mainForm.record.gcurSSilk, 5);
-        EXPECT_TRUE(enabled(form, "cmdDump"));
-        mainForm.fakeDesktop.expect(
-            QStringLiteral("Are you sure you want to dump all of your cargo.     "),
-            QStringLiteral("Dump Cargo"), answer);
-        press(form, "cmdDump");
-        EXPECT_EQ(mainForm.fakeDesktop.lastBox.onEscape, ui::Answer::No);
-    }
-    EXPECT_EQ(mainForm.record.gcurSSilk, 0);
-    EXPECT_FALSE(enabled(form, "cmdDump"));
-    EXPECT_EQ(mainForm.refreshes, 1);
-}
+TEST(frmPirate, DumpsOnlyOnAPlainYesAndSinkingEndsTheGameOrTheProgram) {
+    using ui::Answer;
+    for (const Answer answer : {Answer::No, Answer::Yes}) {
+        Opened<frmPirate> visit(meet);
+        auto& desktop = visit.fakeDesktop;
+        desktop.expect("Are you sure you want to dump all of your cargo.     ", "Dump Cargo",
+                       answer);
+        visit.click("cmdDump");
+        EXPECT_EQ(desktop.lastButtons, "Question: Yes, No (both)");
+        EXPECT_EQ(visit.record.gcurSSilk, answer == Answer::Yes ? 0 : 5);
 
-TEST_F(frmPirateTest, SinkingEndsTheGameOrTheProgram) {
-    for (const ui::Answer again : {ui::Answer::Yes, ui::Answer::No}) {
-        mainForm.record.gcurStatus = mainForm.record.gcurCannons = 1;
-        mainForm.draws.add({roll(1, 4), roll(1, 10), hitTaken});
-        mainForm.fakeDesktop.expect(
-            QStringLiteral("Zhenbao, you have sunk.  Would you like to play again?     "),
-            QStringLiteral("Game Over"), again);
-        ui::frmPirate form{mainForm};
-        form.show();
-        if (again == ui::Answer::Yes) {
-            press(form, "cmdDeath");
-            EXPECT_TRUE(mainForm.record.gblnGameOver);
-            EXPECT_FALSE(form.isVisible());
-            EXPECT_EQ(mainForm.fakeDesktop.lastBox.onEscape, ui::Answer::Yes);
+        visit.record.gcurStatus = visit.record.gcurCannons = 1;
+        visit.draws.add({roll(1, 10), hitTaken});
+        desktop.expect("Zhenbao, you have sunk.  Would you like to play again?     ", "Game Over",
+                       answer);
+        if (answer == Answer::Yes) {
+            visit.click("cmdDeath");
+            EXPECT_EQ(desktop.lastButtons, "Exclamation: Yes (both), No");
+            EXPECT_TRUE(visit.record.gblnGameOver && !visit.dialog().isVisible());
         } else {
-            EXPECT_THROW(press(form, "cmdDeath"), test::ProgramEnded);
+            EXPECT_THROW(visit.click("cmdDeath"), test::ProgramEnded);
         }
     }
 }
+
+}  // namespace

@@ -2,13 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <QLabel>
-#include <QPushButton>
-#include <QTest>
 #include <tuple>
 
-#include "fake_main_form.h"
-#include "find.h"
+#include "opened.h"
 #include "standing.h"
 
 namespace {
@@ -16,15 +12,14 @@ namespace {
 using Occasion = ui::frmStats::Occasion;
 
 constexpr game::Currency trillion = game::trillion;
-constexpr auto question = "Do you really want to quit this game?   ";
 
 TEST(frmStats, OpensInThreeWays) {
-    using Row = std::tuple<game::Currency, Occasion, const char*, bool, bool>;
-    for (const auto& [netWorth, occasion, title, mayRetire, mayGoOn] :
-         {Row{999'999, Occasion::Menu, "Current Statistics", false, true},
-          {1'000'000, Occasion::Menu, "Current Statistics", true, true},
-          {1'000'000, Occasion::Millionaire, "You are a Millionaire!", true, true},
-          {trillion, Occasion::Trillionaire, "You are a Trillionaire!", true, false}}) {
+    using Row = std::tuple<game::Currency, Occasion, const char*, const char*>;
+    for (const auto& [netWorth, occasion, title, buttons] :
+         {Row{999'999, Occasion::Menu, "Current Statistics", "(Retire); OK"},
+          {1'000'000, Occasion::Menu, "Current Statistics", "Retire; OK"},
+          {1'000'000, Occasion::Millionaire, "You are a Millionaire!", "Retire; OK"},
+          {trillion, Occasion::Trillionaire, "You are a Trillionaire!", "Retire; (OK)"}}) {
         SCOPED_TRACE(title);
         test::FakeMainForm mainForm;
         mainForm.record.gcurNetWorth = netWorth;
@@ -32,12 +27,10 @@ TEST(frmStats, OpensInThreeWays) {
         ui::frmStats form{mainForm, occasion};
         form.show();
         EXPECT_EQ(form.windowTitle(), title);
-        EXPECT_EQ(test::find<QPushButton>(form, "cmdRetire")->isEnabled(), mayRetire);
-        EXPECT_EQ(test::find<QPushButton>(form, "cmdOK")->isEnabled(), mayGoOn);
-
+        EXPECT_EQ(test::shown(form, "cmdRetire cmdOK"), buttons);
         QTest::keyClick(form.focusWidget(), Qt::Key_Space);
         QTest::keyClick(test::find<QPushButton>(form, "cmdRetire"), Qt::Key_Return);
-        EXPECT_EQ(form.isVisible(), !mayGoOn) << "only OK, where there is one, takes keys";
+        EXPECT_EQ(form.isVisible(), occasion == Occasion::Trillionaire) << "only OK takes keys";
         QTest::keyClick(&form, Qt::Key_Escape);
         EXPECT_FALSE(form.isVisible());
         EXPECT_EQ(mainForm.record, before);
@@ -45,45 +38,28 @@ TEST(frmStats, OpensInThreeWays) {
     }
 }
 
-TEST(frmStats, ShowsTheStanding) {
+TEST(frmStats, CountsMonths) {
     for (const auto& [month, time] :
          {std::pair{1U, "0 Months"}, {2U, "1 Month"}, {3U, "2 Months"}}) {
-        test::FakeMainForm mainForm;
-        mainForm.record.gdtmDate = {game::firstDay.year(), std::chrono::month{month},
-                                    game::firstDay.day()};
-        mainForm.record.gcurMaxHold = 1'060;
-        mainForm.record.gcurCannons = 12;
-        mainForm.record.gcurNetWorth = -4'600;
-        mainForm.record.gcurRank = 1'234;
-        mainForm.record.gstrRank = "Zhenbao";
-        ui::frmStats form{mainForm, Occasion::Menu};
-        QStringList shown;
-        for (const char* name : {"lblNetValue", "lblShipValue", "lblCannonsValue", "lblTimeValue",
-                                 "lblTotalValue", "lblRankValue"}) {
-            shown << test::find<QLabel>(form, name)->text();
-        }
-        EXPECT_EQ(shown, (QStringList{"-$4,600", "1060", "12", time, "1234", "Zhenbao"}));
+        test::FakeMainForm form;
+        form.record.gdtmDate = {game::firstDay.year(), std::chrono::month{month},
+                                game::firstDay.day()};
+        ui::frmStats stats{form, Occasion::Menu};
+        EXPECT_EQ(test::shown(stats, "lblTimeValue"), time);
     }
 }
 
 TEST(frmStats, RetiresAtOnceFromATrillionOnAndElseWhenSure) {
-    test::FakeMainForm mainForm;
-    mainForm.record.gcurNetWorth = trillion - 1;
-    const auto retire = [&mainForm] {
-        ui::frmStats form{mainForm, Occasion::Menu};
-        form.show();
-        test::find<QPushButton>(form, "cmdRetire")->click();
-        EXPECT_TRUE(form.isVisible());
-    };
-    mainForm.fakeDesktop.expect(question, "Zhenbao", ui::Answer::No);
-    retire();
-    EXPECT_EQ(mainForm.fakeDesktop.lastBox.icon, ui::Icon::Question);
-    EXPECT_EQ(mainForm.fakeDesktop.lastBox.onEscape, ui::Answer::No);
-
-    mainForm.fakeDesktop.expect(question, "Zhenbao", ui::Answer::Yes);
-    EXPECT_THROW(retire(), test::ProgramEnded);
-    mainForm.record.gcurNetWorth = trillion;
-    EXPECT_THROW(retire(), test::ProgramEnded);
+    test::Opened<ui::frmStats> visit(
+        [](test::FakeMainForm& form) { form.record.gcurNetWorth = trillion - 1; }, Occasion::Menu);
+    constexpr auto question = "Do you really want to quit this game?   ";
+    visit.fakeDesktop.expect(question, "Zhenbao", ui::Answer::No);
+    visit.click("cmdRetire");
+    EXPECT_EQ(visit.fakeDesktop.lastButtons, "Question: Yes, No (both)");
+    visit.fakeDesktop.expect(question, "Zhenbao", ui::Answer::Yes);
+    EXPECT_THROW(visit.click("cmdRetire"), test::ProgramEnded);
+    visit.record.gcurNetWorth = trillion;
+    EXPECT_THROW(visit.click("cmdRetire"), test::ProgramEnded);
 }
 
 }  // namespace

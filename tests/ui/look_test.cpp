@@ -12,6 +12,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 #include <QRegularExpression>
+#include <QScreen>
 
 #include "contrast.h"
 #include "every_window.h"
@@ -207,15 +208,26 @@ TEST_F(Look, GivesDialogsTheirSizeAndPlaceAtTheStandardFont) {
     const std::map<QString, QSize> twips{{"frmBuy", {4920, 1920}},      {"frmSell", {4935, 1920}},
                                          {"frmTransfer", {4815, 1815}}, {"frmVisit", {4455, 1815}},
                                          {"frmMoney", {4575, 1770}},    {"frmRepair", {6015, 1845}},
-                                         {"frmPirate", {6855, 4695}}};
+                                         {"frmPirate", {6855, 4695}},   {"frmLeave", {2850, 3450}}};
+    const auto expectSize = [](const QWidget& shown, const QSize& measures) {
+        const QSize size = measures / ui::twipsPerPixel;
+        EXPECT_EQ(shown.width(), size.width());
+        EXPECT_EQ(shown.height(), size.height());
+    };
     test::EveryWindow(test::prosperousGame(), [&](QWidget& window, const QString& name) {
-        if (const auto size = twips.find(name); size != twips.end()) {
-            const QSize client = size->second / ui::twipsPerPixel;
-            EXPECT_EQ(window.width(), client.width());
-            EXPECT_EQ(window.height(), client.height());
-            if (name != "frmPirate") {
-                expectNothingHidden(window);
-            }
+        const auto size = twips.find(name);
+        if (name == "frmMain") {
+            EXPECT_LE(window.height(), std::max(window.minimumSizeHint().height(),
+                                                window.screen()->availableSize().height()));
+        }
+        if (size == twips.end()) {
+            return;
+        }
+        expectSize(window, size->second);
+        if (name == "frmPirate") {
+            expectSize(*test::find<QWidget>(window, "FraEnemy"), {6615, 2895});
+        } else {
+            expectNothingHidden(window);
         }
     });
 }

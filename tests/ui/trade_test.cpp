@@ -1,39 +1,31 @@
-#include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QTest>
-#include <QWheelEvent>
+#include <QtWidgets>
 
 #include "amount_field.h"
-#include "fake_main_form.h"
 #include "frmBuy.h"
-#include "frmLeave.h"
 #include "frmNew.h"
 #include "frmSell.h"
-#include "pick.h"
+#include "opened.h"
 #include "text.h"
 
 using test::FakeMainForm;
-using test::find;
+using test::Opened;
 using ui::AmountField;
 
 namespace {
 
 TEST(AmountField, TakesDigitsOnlyAndKeepsItsTextWhenOpened) {
-    AmountField field(QStringLiteral("cbo"), ui::plain);
+    AmountField field("cbo", ui::plain);
     field.setMaximum([] { return game::Currency{100}; });
     int picks = 0;
     QObject::connect(&field, &AmountField::entryPicked, [&] { ++picks; });
-    field.setEditText(QStringLiteral("0"));
+    field.setEditText("0");
     field.show();
     QApplication::setActiveWindow(&field);
     QTest::mouseClick(field.lineEdit(), Qt::LeftButton);
     QTest::keyClicks(&field, QStringLiteral("2a-.\u00AD 5,"));
-    EXPECT_EQ(field.currentText(), QStringLiteral("25")) << "typing replaced the 0";
-    EXPECT_EQ(test::offered(&field).join(u' '), QStringLiteral("0 10 20 30 40 50 60 70 80 90 100"));
-    EXPECT_EQ(field.currentText(), QStringLiteral("25"));
+    EXPECT_EQ(field.currentText(), "25") << "typing replaced the 0";
+    EXPECT_EQ(test::offered(&field).join(u' '), "0 10 20 30 40 50 60 70 80 90 100");
+    EXPECT_EQ(field.currentText(), "25");
 
     for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Return}) {
         QTest::keyClick(&field, key);
@@ -42,80 +34,51 @@ TEST(AmountField, TakesDigitsOnlyAndKeepsItsTextWhenOpened) {
                       false);
     QApplication::sendEvent(&field, &wheel);
     QTest::keyClick(&field, Qt::Key_Backspace);
-    EXPECT_EQ(field.currentText(), QStringLiteral("2"));
-    QTest::keyClicks(&field, QStringLiteral("0\r"));
-    EXPECT_EQ(field.currentText(), QStringLiteral("20"));
+    EXPECT_EQ(field.currentText(), "2");
+    QTest::keyClicks(&field, "0\r");
+    EXPECT_EQ(field.currentText(), "20");
     EXPECT_EQ(picks, 0) << "a typed text that equals an entry is no pick";
-    test::pick(&field, QStringLiteral("100"));
+    test::pick(&field, "100");
     EXPECT_EQ(field.amount(), 100);
     EXPECT_EQ(picks, 1);
 }
 
-TEST(BuyForm, FollowsTypingPastesAndPlaces) {
-    FakeMainForm mainForm;
-    ui::frmBuy form(mainForm);
-    form.show();
-    auto* buy = find<QPushButton>(form, "cmdBuy");
-    auto* general = find<AmountField>(form, "cboGeneral");
-    EXPECT_FALSE(buy->isEnabled());
-    QTest::keyClick(general, Qt::Key_5);
-    EXPECT_TRUE(buy->isEnabled());
-    QTest::keyClick(general, Qt::Key_Backspace);
-    EXPECT_FALSE(buy->isEnabled());
-    QApplication::clipboard()->setText(QStringLiteral("6 chests"));
-    general->lineEdit()->paste();
-    EXPECT_TRUE(buy->isEnabled());
-    find<QRadioButton>(form, "optWarehouse")->click();
-    EXPECT_EQ(general->currentText(), QStringLiteral("0"));
-    EXPECT_FALSE(buy->isEnabled());
-
-    QTest::keyClick(&form, Qt::Key_Escape);
-    EXPECT_TRUE(form.isVisible());
-    form.close();
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(mainForm.refreshes, 1);
-}
-
 TEST(BuyForm, BuysOnEnterOrTellsWhyNot) {
-    FakeMainForm mainForm;
-    ui::frmBuy form(mainForm);
-    form.show();
-    find<QPushButton>(form, "cmdMaxGeneral")->click();
-    EXPECT_EQ(find<AmountField>(form, "cboGeneral")->currentText(), QStringLiteral("60"));
-    auto* silk = find<AmountField>(form, "cboSilk");
-    QTest::keyClick(silk, Qt::Key_1);
-    const game::GameState before = mainForm.record;
-    mainForm.fakeDesktop.expect(QStringLiteral("Insufficient Funds   "), QStringLiteral("Sorry"));
-    QTest::keyClick(silk, Qt::Key_Return);
-    EXPECT_EQ(mainForm.record, before);
-    EXPECT_TRUE(form.isVisible());
-    QTest::keyClick(silk, Qt::Key_Backspace);
-    QTest::keyClick(silk, Qt::Key_Return);
-    EXPECT_EQ(mainForm.record.gcurSGeneral, 60);
-    EXPECT_EQ(mainForm.report.take(), " - Bought 60 General @ $14 Each\n");
-    EXPECT_FALSE(form.isVisible());
+    Opened<ui::frmBuy> visit;
+    QApplication::clipboard()->setText("6 chests");
+    visit.find<AmountField>("cboOpium")->lineEdit()->paste();
+    EXPECT_EQ(visit.shown("cboOpium cmdBuy"), "06 chests; Buy");
+    visit.find<QRadioButton>("optWarehouse")->click();
+    EXPECT_EQ(visit.shown("cboOpium cmdBuy"), "0; (Buy)");
+    visit.find<QRadioButton>("optShip")->click();
+    visit.click("cmdMaxGeneral");
+    visit.type("cboSilk", "1");
+    visit.fakeDesktop.expect("Insufficient Funds   ", "Sorry");
+    visit.press("cboSilk", {Qt::Key_Return, Qt::Key_Escape});
+    EXPECT_EQ(visit.record, visit.before);
+    EXPECT_TRUE(visit.dialog().isVisible());
+    visit.press("cboSilk", {Qt::Key_Backspace, Qt::Key_Backspace, Qt::Key_Return});
+    EXPECT_EQ(visit.report.take(), " - Bought 60 General @ $14 Each\n");
+    EXPECT_FALSE(visit.dialog().isVisible());
 }
 
 TEST(SellForm, FillsInStocksAndSellsEverything) {
-    FakeMainForm mainForm;
-    mainForm.record.gstrLocation = "Manila";
-    mainForm.record.gcurSOpium = 2;
-    mainForm.record.gcurSArms = 3;
-    mainForm.record.gcurHold = 5;
-    ui::frmSell form(mainForm);
-    form.show();
-    EXPECT_FALSE(find<QRadioButton>(form, "optWarehouse")->isEnabled());
-    auto* silk = find<AmountField>(form, "cboSilk");
-    silk->setEditText(QStringLiteral("5"));
-    find<QPushButton>(form, "cmdMaxSilk")->click();
-    EXPECT_EQ(silk->currentText(), QStringLiteral("5")) << "no stock, so the text stays";
-    mainForm.fakeDesktop.expect(QStringLiteral("Insufficient Cargo   "), QStringLiteral("Sorry"));
-    find<QPushButton>(form, "cmdSell")->click();
-    find<QPushButton>(form, "cmdSellAll")->click();
-    EXPECT_EQ(mainForm.report.take(),
-              " - Sold 2 Opium @ $12,000 Each\n - Sold 3 Arms @ $90 Each\n");
-    EXPECT_EQ(mainForm.record.gcurHold, 0);
-    EXPECT_FALSE(form.isVisible());
+    Opened<ui::frmSell> visit([](FakeMainForm& form) {
+        form.record.gstrLocation = "Manila";
+        form.record.gcurSOpium = 2;
+        form.record.gcurSArms = 3;
+        form.record.gcurHold = 5;
+    });
+    visit.find<AmountField>("cboSilk")->setEditText("5");
+    visit.click("cmdMaxSilk");
+    visit.click("cmdMaxArms");
+    EXPECT_EQ(visit.shown("optShip optWarehouse cboSilk cboArms"), "Ship; (Warehouse); 5; 3")
+        << "no stock of silk, so the text stays";
+    visit.fakeDesktop.expect("Insufficient Cargo   ", "Sorry");
+    visit.click("cmdSell");
+    visit.click("cmdSellAll");
+    EXPECT_EQ(visit.report.take(), " - Sold 2 Opium @ $12,000 Each\n - Sold 3 Arms @ $90 Each\n");
+    EXPECT_FALSE(visit.dialog().isVisible());
 }
 
 TEST(NewGameForm, NamesTheFirm) {
@@ -130,46 +93,23 @@ TEST(NewGameForm, NamesTheFirm) {
 }
 
 TEST(NewGameForm, StartsAGameAndCannotBeLeftWhenOneIsOver) {
-    FakeMainForm mainForm;
-    mainForm.record.gblnGameOver = true;
-    mainForm.draws.add({0}, 4);
-    ui::frmNew form(mainForm);
-    form.show();
-    EXPECT_FALSE(find<QPushButton>(form, "cmdCancel")->isEnabled());
-    QTest::keyClick(&form, Qt::Key_Escape);
-    form.close();
-    EXPECT_TRUE(form.isVisible());
+    Opened<ui::frmNew> visit([](FakeMainForm& form) { form.record.gblnGameOver = true; });
+    EXPECT_EQ(visit.shown("cmdStart cmdCancel"), "Start Game; (Cancel)");
+    visit.press("txtFirm", {Qt::Key_Escape});
+    visit.dialog().close();
+    EXPECT_TRUE(visit.dialog().isVisible());
 
-    auto* firm = find<QLineEdit>(form, "txtFirm");
-    QApplication::clipboard()->setText(
-        QStringLiteral("a \"great\"\nfirm \u0007of far too many letters"));
-    firm->paste();
-    QTest::keyClick(firm, Qt::Key_QuoteDbl);
-    find<QRadioButton>(form, "optCash")->click();
-    QTest::keyClick(firm, Qt::Key_Return);
-    EXPECT_FALSE(form.isVisible());
-    EXPECT_EQ(mainForm.record.gstrFirm, "A great firm  of far t");
-    EXPECT_EQ(mainForm.record.gcurDebt, 5'000);
-    EXPECT_TRUE(mainForm.record.gblnGameSaved);
-    EXPECT_FALSE(mainForm.record.gblnGameOver);
-    EXPECT_EQ(mainForm.report.take(), " - Welcome Captain\n");
-}
-
-TEST(LeaveForm, ProposesAPortAndNeverTheOwn) {
-    for (const auto& [drawn, proposed] : {std::pair{1, "optShanghai"}, {5, "optManila"}}) {
-        FakeMainForm mainForm;
-        mainForm.draws.add({test::roll(drawn, 7)});
-        ui::frmLeave form(mainForm);
-        form.show();
-        EXPECT_FALSE(find<QRadioButton>(form, "optHongKong")->isEnabled());
-        EXPECT_TRUE(find<QRadioButton>(form, proposed)->isChecked());
-        EXPECT_EQ(form.focusWidget(), find<QRadioButton>(form, proposed));
-        const game::GameState before = mainForm.record;
-        QTest::keyClick(&form, Qt::Key_Escape);
-        EXPECT_FALSE(form.isVisible());
-        EXPECT_EQ(mainForm.record, before);
-        EXPECT_EQ(mainForm.refreshes, 1);
-    }
+    QApplication::clipboard()->setText("a \"great\"\nfirm \u0007of far too many letters");
+    visit.find<QLineEdit>("txtFirm")->paste();
+    visit.press("txtFirm", {Qt::Key_QuoteDbl});
+    visit.find<QRadioButton>("optCash")->click();
+    visit.draws.add({0}, 4);
+    visit.press("txtFirm", {Qt::Key_Return});
+    EXPECT_FALSE(visit.dialog().isVisible());
+    EXPECT_EQ(visit.record.gstrFirm, "A great firm  of far t");
+    EXPECT_EQ(visit.record.gcurDebt, 5'000);
+    EXPECT_TRUE(visit.record.gblnGameSaved);
+    EXPECT_EQ(visit.report.take(), " - Welcome Captain\n");
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ AmountField::AmountField(const QString& name, Format format)
     setEditable(true);
     setCompleter(nullptr);  // it would turn a typed 1 into 100
     setInsertPolicy(QComboBox::NoInsert);
-    lineEdit()->setAlignment(Qt::AlignRight);
+    lineEdit()->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     lineEdit()->setInputMethodHints(Qt::ImhDigitsOnly);
     lineEdit()->installEventFilter(this);
 
@@ -55,7 +55,7 @@ void AmountField::FillAmountList(game::Currency maximum) {
     clear();
     for (const game::Currency step : game::amountSteps(maximum)) {
         addItem(m_format(step));
-        setItemData(count() - 1, Qt::AlignRight, Qt::TextAlignmentRole);
+        setItemData(count() - 1, {Qt::AlignRight | Qt::AlignVCenter}, Qt::TextAlignmentRole);
     }
     setCurrentIndex(-1);
     setEditText(typed);

@@ -48,11 +48,6 @@ void Button::paintEvent(QPaintEvent* event) {
     paintFocus(this, 3);
 }
 
-void Slider::paintEvent(QPaintEvent* event) {
-    QSlider::paintEvent(event);
-    paintFocus(this);
-}
-
 void paintFocus(QWidget* control, int inset) {
     if (control->hasFocus()) {
         constexpr qreal width = 1.5;

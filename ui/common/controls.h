@@ -5,7 +5,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSlider>
 
 #include "layout.h"
 
@@ -27,8 +26,24 @@ template <class Control, class... Arguments>
     label->setTextFormat(Qt::PlainText);
     return label;
 }
+/// A frame in the colour of its text, `inset` pixels within `control`, while that has the focus.
+void paintFocus(QWidget* control, int inset = 0);
+
+/// A control that marks the focus, of which styles show little where the desktop is dark.
+template <class Control>
+class FocusMarked : public Control {
+public:
+    using Control::Control;
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        Control::paintEvent(event);
+        paintFocus(this);
+    }
+};
+
 [[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
-    auto* option = makeNamed<QRadioButton>(name, caption);
+    auto* option = makeNamed<FocusMarked<QRadioButton>>(name, caption);
     // Of several options the Tab key goes to the one that is chosen.
     option->setFocusPolicy(Qt::ClickFocus);
     QObject::connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
@@ -50,22 +65,11 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 };
-/// A slider that marks the focus, of which styles show little.
-class Slider final : public QSlider {
-public:
-    using QSlider::QSlider;
-
-protected:
-    void paintEvent(QPaintEvent* event) override;
-};
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
     auto* button = makeNamed<Button>(name, caption);
     button->setAutoDefault(false);
     return button;
 }
-/// A frame in the colour of its text, `inset` pixels within `control`, while that has the focus.
-void paintFocus(QWidget* control, int inset = 0);
-
 /// How assistive programs call `control`.
 void nameControl(QWidget* control, const QString& spoken);
 

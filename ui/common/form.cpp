@@ -38,7 +38,7 @@ void Form::keyPressEvent(QKeyEvent* event) {
     QDialog::keyPressEvent(event);
 }
 
-void GameForm::fixSize(int width, int height) {
+void GameForm::layOutTightly(int width, int height) {
     for (auto* lines : findChildren<QGridLayout*>()) {
         lines->setVerticalSpacing(measures::lineGap);
         lines->setHorizontalSpacing(measures::gap);
@@ -55,7 +55,7 @@ void GameForm::fixSize(int width, int height) {
     }
     layout()->setContentsMargins(measures::windowEdge, measures::windowEdge, measures::windowEdge,
                                  measures::windowEdge);
-    Form::fixSize(width, height);
+    fixSize(width, height);
 }
 
 void GameForm::done(int result) {

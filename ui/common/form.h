@@ -41,8 +41,9 @@ public:
     void done(int result) override;
 
 protected:
-    /// As any dialog, and laid out tightly: these are small, to leave the figures in sight.
-    void fixSize(int width, int height);
+    /// Moves the controls close together, whatever they were laid out with, and fixes the client
+    /// size in twips: these dialogs are small, to leave the figures in sight.
+    void layOutTightly(int width, int height);
     /// Tells the player where an order is refused; false where it may be carried out.
     [[nodiscard]] bool refused(const game::Refusal& refusal);
     /// Enters what an order did into the report.

@@ -38,7 +38,8 @@ public:
     void appendEntry(std::string_view message) { appendEntry(message, {}); }
     /// Adds text behind the last entry.
     virtual void appendText(std::string_view text) = 0;
-    /// The report flashes in the colour of `alert` for pace::alertFlash.
+    /// The report flashes in the colour of `alert` for pace::alertFlash, or waits as long where
+    /// the player has switched animations off.
     virtual void flashReport(game::Alert alert) = 0;
 
     virtual void setOrderEnabled(game::Order order, bool enabled) = 0;

@@ -4,6 +4,8 @@
 #include <QPainter>
 #include <QScrollBar>
 
+#include "contrast.h"
+
 namespace ui {
 
 TextView::TextView(const QString& name) {
@@ -22,7 +24,9 @@ bool TextView::event(QEvent* event) {
     } else if (event->type() == QEvent::Paint && hasFocus()) {
         // Styles frame the fields that have the focus, and leave larger texts with the caret alone.
         QPainter painter(this);
-        painter.setPen({palette().color(QPalette::Highlight), 2.0 * frameWidth()});
+        const QColor colour =
+            readable(palette().color(QPalette::Highlight), palette().color(QPalette::Base));
+        painter.setPen({colour, 2.0 * frameWidth()});
         painter.drawRect(rect());
     }
     return handled;

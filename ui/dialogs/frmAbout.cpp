@@ -28,13 +28,16 @@ QColor linkColour() {
     return readable(palette.color(QPalette::Link), palette.color(QPalette::Window));
 }
 
+constexpr int roomForMark = 3;  ///< between a link and the frame that marks it
+
 /// A link for mouse and keyboard that asks to be opened and opens nothing itself.
-class Link final : public QLabel {
+class Link final : public FocusMarked<QLabel> {
 public:
     explicit Link(const QString& caption)
-        : QLabel(QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>")
-                     .arg(linkColour().name(), caption)) {
+        : FocusMarked(QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>")
+                          .arg(linkColour().name(), caption)) {
         setTextFormat(Qt::RichText);
+        setContentsMargins(roomForMark, 0, roomForMark, 0);
         setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     }
 
@@ -46,10 +49,6 @@ protected:
         if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
             QLabel::focusNextPrevChild(true);
         }
-    }
-    void paintEvent(QPaintEvent* event) override {
-        QLabel::paintEvent(event);
-        paintFocus(this);
     }
     bool focusNextPrevChild(bool next) override { return QFrame::focusNextPrevChild(next); }
 };
@@ -79,11 +78,11 @@ frmAbout::frmAbout(MainForm& mainForm)
     // The links stand beside the last two lines of the credit.
     auto* links = new QVBoxLayout;
     links->setSpacing(0);
-    links->setContentsMargins(fontMetrics().horizontalAdvance(QStringLiteral("Support:  ")), 0, 0,
-                              0);
+    links->setContentsMargins(
+        fontMetrics().horizontalAdvance(QStringLiteral("Support:  ")) - roomForMark, 0, 0, 0);
     links->addStretch();
-    links->addWidget(lblHomepage);
-    links->addWidget(lblContact);
+    links->addWidget(lblHomepage, 0, Qt::AlignLeft);
+    links->addWidget(lblContact, 0, Qt::AlignLeft);
     auto* credit = new QGridLayout;
     credit->addWidget(lblCredit, 0, 0);
     credit->addLayout(links, 0, 0);

@@ -33,7 +33,7 @@ frmBuy::frmBuy(MainForm& mainForm)
 
     UpdateBuyButton();
     placeAt(3400, 2910);
-    fixSize(4920, 1920);
+    layOutTightly(4920, 1920);
 }
 
 void frmBuy::UpdateBuyButton() {

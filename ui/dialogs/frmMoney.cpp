@@ -25,7 +25,7 @@ frmMoney::frmMoney(MainForm& mainForm)
                           },
                       .apply = game::repay}}}) {
     placeAt(3400, 2980);
-    fixSize(4575, 1770);
+    layOutTightly(4575, 1770);
 }
 
 }  // namespace ui

@@ -8,6 +8,7 @@
 #include "layout.h"
 #include "main_form.h"
 #include "text.h"
+#include "twips.h"
 
 namespace ui {
 
@@ -42,9 +43,12 @@ frmPirate::frmPirate(MainForm& mainForm)
     grid->setColumnStretch(0, 1);
     grid->addWidget(makeReport(), 0, 0);
     grid->addWidget(makeOrders(), 0, 1);
-    grid->addWidget(makeSea(), 1, 0, 1, 2);
+    QWidget* sea = makeSea();
+    grid->addWidget(sea, 1, 0, 1, 2, Qt::AlignCenter);
     placeAt(1180, 100);
-    fixSize(6855, 4695);
+    layOutTightly(6855, 4695);
+    sea->layout()->setContentsMargins({});  // the panel has a size of its own
+    sea->setFixedSize(sizeFromTwips(6615, 2895).expandedTo(sea->sizeHint()));
 
     m_battle.open();
     focusOrder(m_orders.front());

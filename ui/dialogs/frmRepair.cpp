@@ -16,7 +16,7 @@ frmRepair::frmRepair(MainForm& mainForm)
     : GameForm(mainForm, QStringLiteral("frmRepair"), QStringLiteral("Repair Ship")),
       txtPrice(makeDisplay(QStringLiteral("txtPrice"))),
       txtStatus(makeDisplay(QStringLiteral("txtStatus"))),
-      sldRepair(makeNamed<Slider>(QStringLiteral("sldRepair"), Qt::Horizontal)),
+      sldRepair(makeNamed<FocusMarked<QSlider>>(QStringLiteral("sldRepair"), Qt::Horizontal)),
       cmdRepair(makeButton(QStringLiteral("cmdRepair"), QStringLiteral("Repair"))) {
     auto* cmdRepairMax = makeButton(QStringLiteral("cmdRepairMax"), QStringLiteral("Repair Max"));
     auto* cmdCancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
@@ -32,7 +32,7 @@ frmRepair::frmRepair(MainForm& mainForm)
     txtPrice->setText(money(0));
     cmdRepair->setEnabled(false);
     placeAt(0, 2940);
-    fixSize(6015, 1845);
+    layOutTightly(6015, 1845);
 }
 
 QGroupBox* frmRepair::makeSelection() {
@@ -47,7 +47,7 @@ QGroupBox* frmRepair::makeSelection() {
     sldRepair->setPageStep(5);
 
     makeRoomFor(txtPrice, longestMoney);
-    makeRoomFor(txtStatus, longestMoney);
+    makeRoomFor(txtStatus, longestMoney);  // as wide as the price above it
     auto* grid = new QGridLayout(select);
     grid->addWidget(lblPrice, 0, 0);
     grid->addWidget(txtPrice, 0, 1);

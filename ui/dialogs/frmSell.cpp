@@ -36,7 +36,7 @@ frmSell::frmSell(MainForm& mainForm)
 
     UpdateSellButton();
     placeAt(3400, 2910);
-    fixSize(4935, 1920);
+    layOutTightly(4935, 1920);
 }
 
 game::Currency frmSell::stock(game::Good good) const {

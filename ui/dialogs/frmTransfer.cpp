@@ -45,7 +45,7 @@ frmTransfer::frmTransfer(MainForm& mainForm)
 
     UpdateTransferButton();
     placeAt(3300, 2960);
-    fixSize(4815, 1815);
+    layOutTightly(4815, 1815);
 }
 
 game::Load frmTransfer::Row::load() const {
@@ -55,7 +55,7 @@ game::Load frmTransfer::Row::load() const {
 
 frmTransfer::Row frmTransfer::makeRow(const QString& goodName, const QString& amountName,
                                       game::Place destination) {
-    const Row row{makeNamed<QComboBox>(goodName), new AmountField(amountName, plain)};
+    const Row row{makeNamed<FocusMarked<QComboBox>>(goodName), new AmountField(amountName, plain)};
     const bool aboard = destination == game::Place::Ship;
     nameControl(row.good, aboard ? QStringLiteral("Good to move to the ship")
                                  : QStringLiteral("Good to move to the warehouse"));

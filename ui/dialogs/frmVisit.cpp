@@ -16,7 +16,7 @@ frmVisit::frmVisit(MainForm& mainForm)
                       .refuse = game::refuseWithdrawal,
                       .apply = game::withdraw}}}) {
     placeAt(3400, 2960);
-    fixSize(4455, 1815);
+    layOutTightly(4455, 1815);
 }
 
 }  // namespace ui

@@ -5,6 +5,9 @@
 #include <QGridLayout>
 #include <QMenuBar>
 #include <QPainter>
+#include <QScreen>
+#include <QStyle>
+#include <algorithm>
 
 #include "controls.h"
 #include "fonts.h"
@@ -33,7 +36,7 @@ namespace ui {
 namespace {
 
 /// In pixels: wide enough that dialogs in their places leave the gauges in sight, high enough for
-/// a dozen entries of the report.
+/// a dozen entries of the report, which is shorter on a low screen.
 constexpr QSize initialSize{780, 620};
 
 /// The area below the menu bar, set off from it by an etched line.
@@ -66,7 +69,10 @@ frmMain::frmMain(Desktop& desktop, game::Random& random)
     setWindowTitle(programName);
     keepFocusVisible(this);
     setCentralWidget(makeClient());
-    resize(initialSize.expandedTo(sizeHint()));
+    const QSize wanted = initialSize.expandedTo(sizeHint());
+    const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    resize(wanted.width(),
+           std::min(wanted.height(), screen()->availableSize().height() - titleBar));
     connectMenus();
     connect(fraOrders, &OrdersPanel::given, this, &frmMain::giveOrder);
 }
@@ -102,8 +108,9 @@ QWidget* frmMain::makeClient() {
     grid->addWidget(fraLog, 2, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(2, 1);
+    const QFont figures = figuresFont(client->font());
     for (auto* display : client->findChildren<QLineEdit*>()) {
-        display->setFont(figuresFont(client->font()));
+        display->setFont(figures);
     }
     return client;
 }

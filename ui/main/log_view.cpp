@@ -20,10 +20,12 @@ LogView::LogView() : TextView(QStringLiteral("txtLog")) {
     setAccessibleName(QStringLiteral("Comprador's Report"));
     setUndoRedoEnabled(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    QPalette colours = palette();
-    colours.setColor(QPalette::Base, Qt::black);
-    colours.setColor(QPalette::Text, QColor(0xE6, 0xE1, 0xD3));
-    setPalette(colours);
+    // The style keeps pictures of a scroll bar for each palette that it ever had: not for alerts.
+    QPalette ofBar = verticalScrollBar()->palette();
+    ofBar.setColor(QPalette::Base, ofBar.color(QPalette::Base));
+    ofBar.setColor(QPalette::Text, ofBar.color(QPalette::Text));
+    verticalScrollBar()->setPalette(ofBar);
+    showCalm();
 }
 
 void LogView::open(const game::GameDate& date, std::string_view message) {
@@ -66,11 +68,11 @@ void LogView::showEnd() {
 }
 
 void LogView::showAlert(game::Alert alert) {
-    setBackground(alert == game::Alert::Misfortune ? Qt::red : Qt::cyan);
+    setColours(alert == game::Alert::Misfortune ? Qt::red : Qt::cyan, Qt::black);
 }
 
 void LogView::showCalm() {
-    setBackground(Qt::black);
+    setColours(Qt::black, QColor(0xE6, 0xE1, 0xD3));
 }
 
 void LogView::insertAtEnd(std::string_view text) {
@@ -85,11 +87,11 @@ void LogView::insertAtEnd(std::string_view text) {
     end.insertText(shown(text));
 }
 
-void LogView::setBackground(const QColor& colour) {
-    // Of the text's area alone: for each new palette of a scroll bar the style keeps pictures.
-    QPalette colours = viewport()->palette();
-    colours.setColor(QPalette::Base, colour);
-    viewport()->setPalette(colours);
+void LogView::setColours(const QColor& background, const QColor& text) {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Base, background);
+    colours.setColor(QPalette::Text, text);
+    setPalette(colours);
 }
 
 }  // namespace ui

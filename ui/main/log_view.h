@@ -29,7 +29,7 @@ public:
 
 private:
     void insertAtEnd(std::string_view text);
-    void setBackground(const QColor& colour);
+    void setColours(const QColor& background, const QColor& text);
 
     game::Report m_report;
 };
