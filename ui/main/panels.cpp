@@ -91,7 +91,11 @@ QSize Panel::minimumSizeHint() const {
 
 void Panel::initStyleOption(QStyleOptionGroupBox* option) const {
     QGroupBox::initStyleOption(option);
-    option->text = fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    // The layout asks for it many times; only a title that is seen and too long needs its dots.
+    if (isVisible() && fontMetrics().size(Qt::TextShowMnemonic, title()).width() > width()) {
+        option->text =
+            fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    }
 }
 
 HousePanel::HousePanel()
