@@ -1,7 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QStringList>
 #include <QVariant>
 #include <QWidget>
@@ -19,16 +17,23 @@ Control* find(QWidget& window, const char* name) {
     return control;
 }
 
+/// What a control shows.
+inline QString textOf(const QWidget& control) {
+    for (const char* property : {"currentText", "value", "title", "text", "plainText"}) {
+        if (const QVariant text = control.property(property); text.isValid()) {
+            return text.toString();
+        }
+    }
+    return {};
+}
+
 /// What the named controls show, in their order; what is disabled stands in brackets.
 inline std::string shown(QWidget& window, const char* names) {
     QStringList texts;
     for (const QString& name : QString(names).split(' ')) {
         const auto* control = find<QWidget>(window, qPrintable(name));
-        QVariant text;
-        for (const char* property : {"currentText", "value", "title", "text"}) {
-            text = text.isValid() ? text : control->property(property);
-        }
-        texts << (control->isEnabled() ? text.toString() : '(' + text.toString() + ')');
+        const QString text = textOf(*control);
+        texts << (control->isEnabled() ? text : '(' + text + ')');
     }
     return texts.join("; ").toStdString();
 }
