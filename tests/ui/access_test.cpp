@@ -105,15 +105,11 @@ TEST(ScreenReader, FindsFiguresByWhatTheyAreAndNothingWithoutAName) {
     const std::set<A::Role> inert{A::StaticText, A::Client, A::Separator, A::Grouping};
     const std::map<QString, std::string> spoken{
         {"txtSOpium", "Opium aboard"},
-        {"txtWOpium", "Opium in the warehouse"},
         {"txtPGeneral", "General price"},
-        {"txtLog", "Comprador's Report"},
         {"prgHold", "Ship's hold in use"},
         {"cmdMaxSilk", "Max Silk"},
         {"cboSilk", "Silk to buy"},
-        {"cboDeposit", "Deposit"},
         {"cboShip", "Good to move to the warehouse: Opium"},
-        {"cboWAmount", "Units to move to the ship"},
         {"sldRepair", "Condition to restore in percent"},
         {"lblNetValue", "Net Worth: $421,257"},
         {"picShips", "Enemy ships: 21"},

@@ -1,7 +1,6 @@
 #include <tuple>
 
 #include "player.h"
-#include "standing.h"
 
 using game::GameState;
 using test::inNextDialog;
@@ -108,15 +107,6 @@ TEST_F(MainWindow, ShowsAnyFirmAndLetsAnOfferStandUntilItIsTaken) {
     test::act(mainForm, "click cmdShip");
     EXPECT_EQ(shown(mainForm, "cmdCannon cmdShip fraHold"),
               "Buy Cannon; (Buy Ship); Ship's Hold - 0 of 110 ");
-}
-
-TEST_F(MainWindow, AnnouncesTheFirstMillionOnce) {
-    go(test::newGameWith([](GameState& state) { state.gcurCash = game::million - 1; }));
-    inNextDialog("click cmdOK");
-    record.gcurCash = game::million;
-    mainForm.UpdateMainForm();
-    ASSERT_TRUE(record.gblnMillionaire);
-    mainForm.UpdateMainForm();
 }
 
 TEST_F(MainWindow, KeepsTheReportAndItsViewTheSame) {

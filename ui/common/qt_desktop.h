@@ -9,7 +9,7 @@ class QFileDialog;
 namespace ui {
 
 /// The player's real desktop, through Qt.
-class QtDesktop final : public Desktop {
+class QtDesktop : public Desktop {
 public:
     Answer show(QWidget* owner, const Box& box) override;
     [[nodiscard]] QString chooseFileToLoad(QWidget* owner) override;
