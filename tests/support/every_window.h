@@ -21,7 +21,7 @@ namespace test {
 /// A house in its third year. The richest shows the longest figures that play leads to.
 inline game::GameState houseOf(bool richest) {
     game::GameState state = newGame();
-    state.gdtmDate = std::chrono::year{1862} / std::chrono::November / 28;
+    state.gdtmDate = std::chrono::year{1862} / std::chrono::November / 15;
     state.gstrFirm = richest ? "Heron, Whitcombe & Moore" : "Heron & Sons";
     state.gblnMillionaire = true;
     state.gcurCash = richest ? 999'999'999'999 : 264'815;
@@ -31,11 +31,12 @@ inline game::GameState houseOf(bool richest) {
     state.gcurStatus = 83;
     state.gcurMaxHold = richest ? 9'960 : 210;
     for (const game::GoodRow& good : game::goods) {
-        state.*good.ship = richest ? 10'000 : 31;
-        state.*good.warehouse = richest ? 10'000 : 320;
-        state.*good.price = game::Currency{good.priceStep} * (richest ? 250 : 9);
+        const int row = static_cast<int>(game::index(good.good));
+        state.*good.ship = richest ? 10'000 : 75 - 25 * row;
+        state.*good.warehouse = richest ? 10'000 : 410 * row;
+        state.*good.price = game::Currency{good.priceStep} * (richest ? 250 : 19 - 4 * row);
     }
-    state.gcurHold = richest ? 9'960 : 184;
+    state.gcurHold = richest ? 9'960 : 210;
     return state;
 }
 
@@ -97,15 +98,16 @@ private:
 
     void visitMainForm() {
         visitWindow(m_mainForm, "-start");
-        m_mainForm.state() = m_state;
+        game::GameDate& date = (m_mainForm.state() = m_state).gdtmDate -= std::chrono::months{2};
         m_mainForm.beginGame(" - Game Loaded Successfully");
-        for (const char* entry :
+        for (const std::string entry :
              {"Departing Hong Kong.........................", "Arriving at Manila",
-              "The price of Opium has risen to $32,000!!", "Sold 75 Opium @ $32,000 Each",
-              "Bought 31 Silk @ $900 Each", "Departing Manila.........................",
+              "The price of Opium has risen to $96,000", "Sold 2 Opium @ $96,000 Each",
+              "Bought 50 Silk @ $1,100 Each", "Departing Manila.........................",
               "You got some booty worth $4,380", "Arriving at Hong Kong",
               "Zhenbao, you can trade in your ship for one with 50 more capacity"}) {
-            m_mainForm.appendEntry(" - " + std::string{entry});
+            date = entry.starts_with("Arriving") ? game::oneMonthLater(date) : date;
+            m_mainForm.appendEntry(" - " + entry);
         }
         m_mainForm.setOrderEnabled(game::Order::Ship, true);
         m_mainForm.UpdateMainForm();
