@@ -13,6 +13,7 @@ struct MainWindow : testing::Test, test::Playing {
 };
 
 TEST_F(MainWindow, OffersNothingUntilAGameBegins) {
+    EXPECT_TRUE(mainForm.close()) << "nothing to lose, nothing to ask";
     EXPECT_EQ(mainForm.windowTitle(), "Zhenbao");
     EXPECT_EQ(shown(mainForm, "fraHouse fraPrices fraStatus fraHold prgHold txtDate"),
               "House of Zhenbao, Hong Kong; Prices at Hong Kong; Ship's Status - 100%; "
@@ -72,6 +73,7 @@ TEST_F(MainWindow, TakesNoOrdersWhileTheShipIsAtSea) {
                 QTest::keyClick(&mainForm, key, Qt::ControlModifier);
             }
             EXPECT_FALSE(mainForm.close());
+            EXPECT_EQ(shown(mainForm, "cmdBuy cmdLeave"), "(Buy Merchandice); (Leave Port)");
             EXPECT_EQ(mainForm.cursor().shape(), Qt::BusyCursor);
             EXPECT_EQ(told(), "\n - Departing Hong Kong...");
         }
