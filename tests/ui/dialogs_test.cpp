@@ -53,7 +53,9 @@ TEST(Trade, StaysOpenUntilTheOrderCanBeCarriedOut) {
     Opened<ui::frmBuy> buying;
     EXPECT_EQ(buying.after("paste cboOpium 6 chests", "cboOpium cmdBuy"), "6 chests; Buy");
     EXPECT_EQ(buying.after("click optWarehouse", "cboOpium cmdBuy"), "0; (Buy)");
-    EXPECT_EQ(buying.after("click optShip", "cboOpium cmdBuy"), "0; (Buy)");
+    buying.act("click optShip");
+    buying.act("press cboSilk 5");
+    EXPECT_EQ(buying.after("click optShip", "cboSilk cmdBuy"), "0; (Buy)") << "chosen already";
     buying.act("click cmdMaxGeneral");
     buying.desktop.expect("Insufficient Funds   ");
     buying.act("press cboSilk 1 Return Esc");
@@ -148,7 +150,10 @@ TEST(NewGame, NamesTheFirmAndCannotBeLeftWhenOneIsOver) {
                                       {"𐐨x", "𐐀x"}}) {
         EXPECT_EQ(ui::firmName(QString::fromUtf8(typed)).toStdString(), name);
     }
-    Opened<ui::frmNew> visit([](GameState& state) { state.gblnGameOver = true; });
+    Opened<ui::frmNew> visit([](GameState& state) {
+        state.gblnActiveGame = false;
+        state.gblnGameOver = true;
+    });
     visit.act("press txtFirm Esc");
     visit.dialog->close();
     EXPECT_TRUE(visit.dialog->isVisible());

@@ -69,6 +69,9 @@ QGroupBox* TradePanel::makePlaces(const Wording& wording, bool warehouseAllowed)
     options->addWidget(m_ship);
     options->addWidget(warehouse);
     connect(m_ship, &QRadioButton::toggled, this, &TradePanel::clearAmounts);
+    for (auto* option : {m_ship, warehouse}) {  // also where it was chosen already
+        connect(option, &QRadioButton::clicked, this, &TradePanel::clearAmounts);
+    }
     return frame;
 }
 

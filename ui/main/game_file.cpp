@@ -104,6 +104,7 @@ void writeGameFile(const QString& path, const GameState& state) {
     const QFileInfo target = behindLinks(path);
     requireRegularFile(target);
     QSaveFile file(target.filePath());
+    file.setDirectWriteFallback(true);  // in a folder that takes no new file
     // Without a buffer, since a commit would take for a success what fails in emptying it.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
         !file.commit()) {

@@ -17,8 +17,8 @@ struct FileError {
 [[nodiscard]] game::GameState readGameFile(const QString& path);
 
 /// Saves the game in the file at `path`, in the system's encoding. Until the new file is complete
-/// the old one stands; anything but a regular file or a symbolic link to one is left alone.
-/// Throws FileError where nothing was saved.
+/// the old one stands, unless its folder takes no new file; anything but a regular file or a
+/// symbolic link to one is left alone. Throws FileError where nothing was saved.
 void writeGameFile(const QString& path, const game::GameState& state);
 
 }  // namespace ui
