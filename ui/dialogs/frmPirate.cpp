@@ -65,10 +65,10 @@ QWidget* frmPirate::makeReport() {
         plate.setColor(QPalette::Base, Qt::transparent);
         display->setPalette(plate);
         makeRoomFor(display, QStringLiteral("9999%"));
+        display->setMaximumWidth(display->minimumWidth());
         display->setFixedHeight(display->fontMetrics().height() + measures::lineGap);
         const int line = grid->rowCount();
         grid->addWidget(label, line, 0);
-        display->setMaximumWidth(display->minimumWidth());
         grid->addWidget(display, line, 1);
     };
     addRow("lblEnemy", "Enemy Ships:", txtEnemy);
