@@ -41,8 +41,8 @@ public:
     void show(const game::GameState& state);
 
 private:
-    GoodDisplays m_warehouse;
-    GoodDisplays m_ship;
+    GoodDisplays m_warehouse{};
+    GoodDisplays m_ship{};
     QLineEdit* txtCannons;
     QLineEdit* txtCash;
     QLineEdit* txtDebt;
@@ -57,7 +57,7 @@ public:
     void show(const game::GameState& state);
 
 private:
-    GoodDisplays m_prices;
+    GoodDisplays m_prices{};
     QLineEdit* txtDate;
 };
 
