@@ -112,12 +112,13 @@ QPushButton* frmPirate::button(game::BattleOrder order) const {
 
 void frmPirate::focusOrder(QPushButton* preferred) {
     // Disabled buttons lose the focus; the next order should be a key press away again.
-    const auto enabled = std::find_if(m_orders.begin(), m_orders.end(),
-                                      [](QPushButton* order) { return order->isEnabled(); });
     if (preferred->isEnabled()) {
-        preferred->setFocus();
-    } else if (enabled != m_orders.end()) {
-        (*enabled)->setFocus();
+        return preferred->setFocus();
+    }
+    for (QPushButton* order : m_orders) {
+        if (order->isEnabled()) {
+            return order->setFocus();
+        }
     }
 }
 
