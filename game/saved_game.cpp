@@ -83,7 +83,7 @@ bool read(std::string_view value, bool& flag) {
 std::size_t findPartingComma(std::string_view line) {
     std::ptrdiff_t quotes = 0;
     std::size_t comma = line.find(',');
-    for (std::size_t start = 0; comma != line.npos; comma = line.find(',', start)) {
+    for (std::size_t start = 0; comma != std::string_view::npos; comma = line.find(',', start)) {
         quotes += std::ranges::count(line.substr(start, comma - start), '"');
         if (quotes % 2 == 0) {
             break;

@@ -1,9 +1,7 @@
 #pragma once
 
-namespace ui {
-
 /// What windows leave free, in pixels. The first five are those of the dialogs that take orders.
-namespace measures {
+namespace ui::measures {
 
 inline constexpr int windowEdge = 4;
 inline constexpr int panelEdge = 4;
@@ -18,6 +16,4 @@ inline constexpr int narrowestButton = 60;
 inline constexpr int fieldEdges = 12;     ///< what the frame of a display and the caret take
 inline constexpr int tightLineEdges = 6;  ///< above and below the text in lines close together
 
-}  // namespace measures
-
-}  // namespace ui
+}  // namespace ui::measures

@@ -31,7 +31,7 @@ public:
     }
 
     [[nodiscard]] QString text(QAccessible::Text kind) const override {
-        const QString spoken = QAccessibleWidget::text(kind);
+        QString spoken = QAccessibleWidget::text(kind);
         switch (kind) {
             case QAccessible::Name:
                 // What is typed is heard from the field; what is only chosen, nowhere else.

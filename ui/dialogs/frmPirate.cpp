@@ -65,10 +65,10 @@ QWidget* frmPirate::makeReport() {
         plate.setColor(QPalette::Base, Qt::transparent);
         display->setPalette(plate);
         makeRoomFor(display, QStringLiteral("9999%"));
+        display->setMaximumWidth(display->minimumWidth());
         display->setFixedHeight(display->fontMetrics().height() + measures::lineGap);
         const int line = grid->rowCount();
         grid->addWidget(label, line, 0);
-        display->setMaximumWidth(display->minimumWidth());
         grid->addWidget(display, line, 1);
     };
     addRow("lblEnemy", "Enemy Ships:", txtEnemy);
@@ -112,12 +112,13 @@ QPushButton* frmPirate::button(game::BattleOrder order) const {
 
 void frmPirate::focusOrder(QPushButton* preferred) {
     // Disabled buttons lose the focus; the next order should be a key press away again.
-    const auto enabled = std::find_if(m_orders.begin(), m_orders.end(),
-                                      [](QPushButton* order) { return order->isEnabled(); });
     if (preferred->isEnabled()) {
-        preferred->setFocus();
-    } else if (enabled != m_orders.end()) {
-        (*enabled)->setFocus();
+        return preferred->setFocus();
+    }
+    for (QPushButton* order : m_orders) {
+        if (order->isEnabled()) {
+            return order->setFocus();
+        }
     }
 }
 

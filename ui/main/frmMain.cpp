@@ -81,15 +81,15 @@ QWidget* frmMain::makeClient() {
     auto* client = makeNamed<ClientArea>(QStringLiteral("picClient"));
     client->setFont(
         fontOf({QStringLiteral("Comic Sans MS"), QStringLiteral("Comic Neue")}, font()));
-    fraHouse = new HousePanel;
-    fraPrices = new PricesPanel;
-    fraStatus = new GaugePanel(QStringLiteral("fraStatus"), QStringLiteral("prgStatus"),
+    fraHouse = new HousePanel(client);
+    fraPrices = new PricesPanel(client);
+    fraStatus = new GaugePanel(client, QStringLiteral("fraStatus"), QStringLiteral("prgStatus"),
                                QStringLiteral("Ship's status in percent"),
                                QStringLiteral("Ship's Status - 100%"), 100, 100);
-    fraHold = new GaugePanel(QStringLiteral("fraHold"), QStringLiteral("prgHold"),
+    fraHold = new GaugePanel(client, QStringLiteral("fraHold"), QStringLiteral("prgHold"),
                              QStringLiteral("Ship's hold in use"),
                              QStringLiteral("Ship's Hold - 0 of 60"), 0, 60);
-    fraOrders = new OrdersPanel;
+    fraOrders = new OrdersPanel(client);
     auto* fraLog = makeFrame(QStringLiteral("fraLog"), QStringLiteral("Comprador's Report"));
     txtLog = new LogView;
     (new QVBoxLayout(fraLog))->addWidget(txtLog);
@@ -108,10 +108,6 @@ QWidget* frmMain::makeClient() {
     grid->addWidget(fraLog, 2, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(2, 1);
-    const QFont figures = figuresFont(client->font());
-    for (auto* display : client->findChildren<QLineEdit*>()) {
-        display->setFont(figures);
-    }
     return client;
 }
 

@@ -3,10 +3,12 @@
 #include <QGridLayout>
 #include <QProgressBar>
 #include <QStyleOptionGroupBox>
+#include <QStylePainter>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "controls.h"
+#include "fonts.h"
 #include "layout.h"
 #include "text.h"
 
@@ -41,8 +43,10 @@ QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& captio
                   const QString& name, const Sample& sample, const QString& spoken = {}) {
     auto* display = makeDisplay(QStringLiteral("txt") + name);
     auto* label = makeLabelFor(display, QStringLiteral("lbl") + name, caption, spoken);
-    display->setText(sample.first);
     makeRoomFor(display, sample.longest);
+    // Before the text, which every other font would lay out afresh.
+    display->setFont(figuresFont(grid->parentWidget()->font()));
+    display->setText(sample.first);
     grid->addWidget(label, line, column);
     grid->addWidget(display, line, column + 1);
     return display;
@@ -64,7 +68,7 @@ GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, con
 
 }  // namespace
 
-Panel::Panel(const QString& name, const QString& title) {
+Panel::Panel(QWidget* client, const QString& name, const QString& title) : QGroupBox(client) {
     setObjectName(name);
     showTitle(title);
 }
@@ -86,20 +90,18 @@ void Panel::showTitle(const QString& title) {
 }
 
 QSize Panel::minimumSizeHint() const {
-    return {layout()->totalMinimumSize().width(), QGroupBox::minimumSizeHint().height()};
+    return layout()->totalMinimumSize();
 }
 
-void Panel::initStyleOption(QStyleOptionGroupBox* option) const {
-    QGroupBox::initStyleOption(option);
-    // The layout asks for it many times; only a title that is seen and too long needs its dots.
-    if (isVisible() && fontMetrics().size(Qt::TextShowMnemonic, title()).width() > width()) {
-        option->text =
-            fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
-    }
+void Panel::paintEvent(QPaintEvent* /*event*/) {
+    QStyleOptionGroupBox option;
+    initStyleOption(&option);
+    option.text = fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
 }
 
-HousePanel::HousePanel()
-    : Panel(QStringLiteral("fraHouse"), QStringLiteral("House of Zhenbao, Hong Kong")) {
+HousePanel::HousePanel(QWidget* client)
+    : Panel(client, QStringLiteral("fraHouse"), QStringLiteral("House of Zhenbao, Hong Kong")) {
     auto* grid = makeLines(this);
     grid->addWidget(makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0,
                     0, 1, 2, Qt::AlignCenter);
@@ -133,8 +135,8 @@ void HousePanel::show(const game::GameState& state) {
     showText(txtDebt, money(state.gcurDebt));
 }
 
-PricesPanel::PricesPanel()
-    : Panel(QStringLiteral("fraPrices"), QStringLiteral("Prices at Hong Kong")) {
+PricesPanel::PricesPanel(QWidget* client)
+    : Panel(client, QStringLiteral("fraPrices"), QStringLiteral("Prices at Hong Kong")) {
     auto* grid = makeLines(this);
     txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"), dates);
     m_prices = addGoods(grid, 1, 0, u'P', prices, QStringLiteral("%1 price"));
@@ -149,9 +151,9 @@ void PricesPanel::show(const game::GameState& state) {
     }
 }
 
-GaugePanel::GaugePanel(const QString& name, const QString& barName, const QString& spoken,
-                       const QString& title, int value, int maximum)
-    : Panel(name, title), m_bar(makeNamed<QProgressBar>(barName)) {
+GaugePanel::GaugePanel(QWidget* client, const QString& name, const QString& barName,
+                       const QString& spoken, const QString& title, int value, int maximum)
+    : Panel(client, name, title), m_bar(makeNamed<QProgressBar>(barName)) {
     nameControl(m_bar, spoken);
     m_bar->setTextVisible(false);
     m_bar->setMaximum(maximum);
@@ -172,7 +174,8 @@ void GaugePanel::show(const QString& title, game::Currency value, game::Currency
     }
 }
 
-OrdersPanel::OrdersPanel() : Panel(QStringLiteral("fraOrders"), QStringLiteral("Orders")) {
+OrdersPanel::OrdersPanel(QWidget* client)
+    : Panel(client, QStringLiteral("fraOrders"), QStringLiteral("Orders")) {
     using game::Order;
     struct Row {
         Order order;

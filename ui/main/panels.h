@@ -20,13 +20,13 @@ using GoodDisplays = std::array<QLineEdit*, game::goods.size()>;
 /// markup, on one line, and never a reason for the window to grow.
 class Panel : public QGroupBox {
 public:
-    Panel(const QString& name, const QString& title);
+    Panel(QWidget* client, const QString& name, const QString& title);
 
     void showTitle(const QString& title);
     [[nodiscard]] QSize minimumSizeHint() const override;
 
 protected:
-    void initStyleOption(QStyleOptionGroupBox* option) const override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
     QString m_title;
@@ -35,14 +35,14 @@ private:
 /// What the house owns and owes: warehouse, ship and money.
 class HousePanel final : public Panel {
 public:
-    HousePanel();
+    explicit HousePanel(QWidget* client);
 
     void showFirm(const QString& firm);
     void show(const game::GameState& state);
 
 private:
-    GoodDisplays m_warehouse;
-    GoodDisplays m_ship;
+    GoodDisplays m_warehouse{};
+    GoodDisplays m_ship{};
     QLineEdit* txtCannons;
     QLineEdit* txtCash;
     QLineEdit* txtDebt;
@@ -52,19 +52,19 @@ private:
 /// The four prices of the port, and the date.
 class PricesPanel final : public Panel {
 public:
-    PricesPanel();
+    explicit PricesPanel(QWidget* client);
 
     void show(const game::GameState& state);
 
 private:
-    GoodDisplays m_prices;
+    GoodDisplays m_prices{};
     QLineEdit* txtDate;
 };
 
 /// A titled bar: the ship's condition, the hold in use.
 class GaugePanel final : public Panel {
 public:
-    GaugePanel(const QString& name, const QString& barName, const QString& spoken,
+    GaugePanel(QWidget* client, const QString& name, const QString& barName, const QString& spoken,
                const QString& title, int value, int maximum);
 
     /// Shows `value` of `maximum`; figures beyond the bar's range stop at its ends.
@@ -79,7 +79,7 @@ class OrdersPanel final : public Panel {
     Q_OBJECT
 
 public:
-    OrdersPanel();
+    explicit OrdersPanel(QWidget* client);
 
     void setOrderEnabled(game::Order order, bool enabled);
     /// Lets the keyboard go on from the button of `order`.
