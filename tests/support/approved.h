@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <fstream>
+#include <sstream>
 
 namespace test {
 
@@ -14,8 +15,15 @@ inline void expectApproved(const std::string& name, const std::string& told) {
     if (std::getenv("ZHENBAO_APPROVE") != nullptr) {
         std::ofstream{path} << told;
     }
+    std::istringstream found{told};
     std::ifstream file{path};
-    EXPECT_EQ(told, (std::string{std::istreambuf_iterator<char>{file}, {}}));
+    std::string line;
+    for (std::string approved; std::getline(file, approved);) {
+        ASSERT_TRUE(std::getline(found, line) && line == approved) << name << ":\n"
+                                                                   << line << "\nis not\n"
+                                                                   << approved;
+    }
+    EXPECT_FALSE(std::getline(found, line)) << name << " knows no " << line;
 }
 
 }  // namespace test

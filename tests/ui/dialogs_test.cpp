@@ -99,9 +99,13 @@ TEST(TwoSides, TheFirstStandsWhereTheSecondIsRefusedAndOkIsAChange) {
     Opened<ui::frmVisit> visit(rich);
     visit.find<QComboBox>("cboDeposit")->setEditText("$1,000");
     visit.find<QComboBox>("cboWithdraw")->setEditText("1,301");
+    visit.mainForm.appendEntry(std::string(100, '\n'));
+    auto* report = test::find<QPlainTextEdit>(visit.mainForm, "txtLog");
+    report->moveCursor(QTextCursor::Start);
+    visit.told();
     visit.desktop.expect("Insufficient Funds   ");
     visit.act("press cboWithdraw Return");
-    EXPECT_TRUE(visit.dialog->isVisible());
+    EXPECT_TRUE(visit.dialog->isVisible() && report->textCursor().atEnd());
     EXPECT_EQ(visit.told(), "\n - Deposited $1,000");
     Opened<ui::frmVisit> idle;
     idle.act("press cboDeposit Return");
@@ -128,6 +132,7 @@ TEST(Transfer, TakesTheNegativeEntryOfACrowdedWarehouseForItsDigits) {
         state.gcurSSilk = state.gcurHold = 20;
         state.gcurWGeneral = 10'001;
     });
+    EXPECT_EQ(visit.after("press cboShip S Space Down", "cboShip"), "Silk") << "by Down alone";
     EXPECT_EQ(visit.after("paste cboWAmount 7", "cmdTransfer"), "Transfer");
     visit.act("pick cboWarehouse General");
     visit.act("pick cboShip Silk");

@@ -18,11 +18,31 @@ namespace {
 
 constexpr char16_t backspace = 8;
 
+/// Enter, Tab, arrows and Escape have their own meaning.
+bool types(QChar character) {
+    return character.category() != QChar::Other_Control || character.unicode() == backspace;
+}
+bool passes(QChar character) {
+    return !types(character) || DigitKeyFilter(character.unicode()) != 0;
+}
+
+/// A shortcut such as Ctrl+1 has a character and types none; with Alt, Ctrl may be AltGr.
+QString textTyped(const QKeyEvent& key) {
+    const bool shortcut = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) ==
+                          Qt::KeyboardModifiers{Qt::ControlModifier};
+    return shortcut ? QString{} : key.text();
+}
+
 }  // namespace
 
 char16_t DigitKeyFilter(char16_t character) {
     const bool digit = character >= u'0' && character <= u'9';
     return digit || character == backspace ? character : u'\0';
+}
+
+bool typesOtherThanDigits(const QKeyEvent& key) {
+    const QString typed = textTyped(key);
+    return !std::all_of(typed.begin(), typed.end(), passes);
 }
 
 AmountField::AmountField(const QString& name, Format format)
@@ -95,26 +115,17 @@ bool AmountField::discards(const QKeyEvent& key) {
         emit keyTyped();
         return false;
     }
-    // A shortcut such as Ctrl+1 has a character and types none; with Alt, Ctrl may be AltGr.
-    const bool shortcut = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) ==
-                          Qt::KeyboardModifiers{Qt::ControlModifier};
-    return !shortcut && discards(key.text());
+    return discards(textTyped(key));
 }
 
 bool AmountField::discards(const QString& typed) {
-    const auto types = [](QChar character) {
-        return character.category() != QChar::Other_Control || character.unicode() == backspace;
-    };
-    if (std::none_of(typed.begin(), typed.end(), types)) {
-        return false;  // Enter, Tab, arrows, Escape and shortcuts have their own meaning
+    if (!std::all_of(typed.begin(), typed.end(), passes)) {
+        return true;
     }
-    const bool passes = std::all_of(typed.begin(), typed.end(), [](QChar character) {
-        return DigitKeyFilter(character.unicode()) != 0;
-    });
-    if (passes) {
+    if (std::any_of(typed.begin(), typed.end(), types)) {
         emit keyTyped();
     }
-    return !passes;
+    return false;
 }
 
 void AmountField::keyPressEvent(QKeyEvent* event) {

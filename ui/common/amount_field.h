@@ -9,6 +9,8 @@ namespace ui {
 
 /// The character, if it may be typed into an amount field: a digit or Backspace; else 0.
 [[nodiscard]] char16_t DigitKeyFilter(char16_t character);
+/// Whether a key types something else, which no control of a dialog of amounts gets to see.
+[[nodiscard]] bool typesOtherThanDigits(const QKeyEvent& key);
 
 /// An editable list whose text is an amount. The entries are made anew each time the list is
 /// opened and can be reached only there.

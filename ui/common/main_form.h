@@ -38,6 +38,8 @@ public:
     void appendEntry(std::string_view message) { appendEntry(message, {}); }
     /// Adds text behind the last entry.
     virtual void appendText(std::string_view text) = 0;
+    /// Moves the report's caret to its end and shows it.
+    virtual void showReportEnd() = 0;
     /// The report flashes in the colour of `alert` for pace::alertFlash, or waits as long where
     /// the player has switched animations off.
     virtual void flashReport(game::Alert alert) = 0;

@@ -74,6 +74,7 @@ void frmRepair::sldRepair_Change() {
 }
 
 void frmRepair::cmdRepair_Click() {
+    mainForm().showReportEnd();
     const game::Currency chosen = condition();
     if (refused(game::refuseRepair(mainForm().state(), chosen))) {
         return;
@@ -83,6 +84,7 @@ void frmRepair::cmdRepair_Click() {
 }
 
 void frmRepair::cmdRepairMax_Click() {
+    mainForm().showReportEnd();
     if (game::canRepairMax(mainForm().state())) {
         mainForm().appendEntry(game::repairMax(mainForm().state()));
     }

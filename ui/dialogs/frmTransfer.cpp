@@ -1,6 +1,8 @@
 #include "frmTransfer.h"
 
+#include <QAbstractItemView>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QVBoxLayout>
 
 #include "amount_field.h"
@@ -12,6 +14,22 @@
 namespace ui {
 
 namespace {
+
+/// A list of goods, open or not, gets to see no letters: they would choose another good unasked.
+class GoodsList final : public FocusMarked<QComboBox> {
+public:
+    GoodsList() {
+        installEventFilter(this);
+        view()->installEventFilter(this);
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const bool pressed = event->type() == QEvent::KeyPress;
+        return (pressed && typesOtherThanDigits(*static_cast<QKeyEvent*>(event))) ||
+               FocusMarked<QComboBox>::eventFilter(watched, event);
+    }
+};
 
 QGroupBox* frameRow(const QString& name, const QString& title, QWidget* good, QWidget* amount) {
     auto* frame = makeFrame(name, title);
@@ -55,7 +73,7 @@ game::Load frmTransfer::Row::load() const {
 
 frmTransfer::Row frmTransfer::makeRow(const QString& goodName, const QString& amountName,
                                       game::Place destination) {
-    const Row row{makeNamed<FocusMarked<QComboBox>>(goodName), new AmountField(amountName, plain)};
+    const Row row{makeNamed<GoodsList>(goodName), new AmountField(amountName, plain)};
     const bool aboard = destination == game::Place::Ship;
     nameControl(row.good, aboard ? QStringLiteral("Good to move to the ship")
                                  : QStringLiteral("Good to move to the warehouse"));

@@ -56,6 +56,7 @@ void TwoSidedForm::connectSides(const Row& row, const Row& other) {
 }
 
 void TwoSidedForm::cmdOK_Click() {
+    mainForm().showReportEnd();
     for (std::size_t side = 0; side < m_sides.size(); ++side) {
         const game::Currency amount = m_rows.at(side).field->amount();
         if (amount == 0) {

@@ -194,6 +194,10 @@ void frmMain::appendText(std::string_view text) {
     txtLog->append(text);
 }
 
+void frmMain::showReportEnd() {
+    txtLog->showEnd();
+}
+
 void frmMain::flashReport(game::Alert alert) {
     if (animated(*this)) {
         txtLog->showAlert(alert);
@@ -267,7 +271,7 @@ void frmMain::cmdShip_Click() {
 
 void frmMain::buyOffer(game::Order order, const game::Refusal& refusal,
                        std::string (*buy)(game::GameState&)) {
-    txtLog->showEnd();
+    showReportEnd();
     if (refusal) {
         m_desktop.inform(this, fromRules(*refusal), refusalTitle);
         return;

@@ -29,6 +29,7 @@ public:
     using MainForm::appendEntry;
     void appendEntry(std::string_view message, std::string_view continuation) override;
     void appendText(std::string_view text) override;
+    void showReportEnd() override;
     void flashReport(game::Alert alert) override;
     void setOrderEnabled(game::Order order, bool enabled) override;
     void setUnderWay(bool underWay) override;
