@@ -28,6 +28,7 @@ QFont figuresFont(const QFont& font) {
         if (metrics.horizontalAdvance(QChar{digit}) != metrics.horizontalAdvance(u'0')) {
             QFont figures = font;
             figures.setFamily(QGuiApplication::font().family());
+            figures.setHintingPreference(QFont::PreferDefaultHinting);  // as everywhere else
             return figures;
         }
     }

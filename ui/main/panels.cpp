@@ -43,9 +43,9 @@ QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& captio
                   const QString& name, const Sample& sample, const QString& spoken = {}) {
     auto* display = makeDisplay(QStringLiteral("txt") + name);
     auto* label = makeLabelFor(display, QStringLiteral("lbl") + name, caption, spoken);
-    makeRoomFor(display, sample.longest);
     // Before the text, which every other font would lay out afresh.
     display->setFont(figuresFont(grid->parentWidget()->font()));
+    makeRoomFor(display, sample.longest);
     display->setText(sample.first);
     grid->addWidget(label, line, column);
     grid->addWidget(display, line, column + 1);
