@@ -26,32 +26,14 @@ const GameState someGame = [] {
     state.gblnMillionaire = true;
     return state;
 }();
-const Lines someLines{"#0001-10-09#",
-                      "\"Smith, Jones & Co,\"",
-                      "\"Hong Kong\"",
-                      "4",
-                      "5",
-                      "6",
-                      "7",
-                      "8",
-                      "9",
-                      "10",
-                      "11",
-                      "12",
-                      "13",
-                      "14",
-                      "15",
-                      "16",
-                      "17",
-                      "18",
-                      "19",
-                      "20",
-                      "21",
-                      "22",
-                      "23",
-                      "24",
-                      "25",
-                      "#TRUE#"};
+const Lines someLines = [] {
+    Lines lines{"#0001-10-09#", "\"Smith, Jones & Co,\"", "\"Hong Kong\""};
+    for (int figure = 4; figure <= 25; ++figure) {
+        lines.push_back(std::to_string(figure));
+    }
+    lines.emplace_back("#TRUE#");
+    return lines;
+}();
 
 std::string joined(const Lines& lines, const std::string& separator) {
     std::string text;

@@ -1,41 +1,33 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <array>
+#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <tuple>
 
 #include "new_game.h"
 #include "scripted_random.h"
 
 namespace test {
 
-/// The whole record, first what a saved game holds in the order of its lines.
-inline constexpr std::tuple members = [] {
-    using G = game::GameState;
-    return std::tuple{&G::gdtmDate,     &G::gstrFirm,        &G::gstrLocation,   &G::gcurCannons,
-                      &G::gcurStatus,   &G::gcurHold,        &G::gcurMaxHold,    &G::gcurSOpium,
-                      &G::gcurSSilk,    &G::gcurSArms,       &G::gcurSGeneral,   &G::gcurWOpium,
-                      &G::gcurWSilk,    &G::gcurWArms,       &G::gcurWGeneral,   &G::gcurPOpium,
-                      &G::gcurPSilk,    &G::gcurPArms,       &G::gcurPGeneral,   &G::gcurBank,
-                      &G::gcurDebt,     &G::gcurCash,        &G::gcurPCannon,    &G::gcurPShip,
-                      &G::gcurPayoff,   &G::gblnMillionaire, &G::gblnActiveGame, &G::gblnGameSaved,
-                      &G::gblnGameOver, &G::gcurNetWorth,    &G::gcurRank,       &G::gstrRank};
-}();
-inline constexpr std::array<std::string_view, std::tuple_size_v<decltype(members)>> names{
-    "Date",   "Firm",        "At",       "Cannons", "Status", "Hold",     "MaxHold",  "SOpium",
-    "SSilk",  "SArms",       "SGeneral", "WOpium",  "WSilk",  "WArms",    "WGeneral", "POpium",
-    "PSilk",  "PArms",       "PGeneral", "Bank",    "Debt",   "Cash",     "PCannon",  "PShip",
-    "Payoff", "Millionaire", "Active",   "Saved",   "Over",   "NetWorth", "Score",    "Rank"};
-
-/// Visits the record member by member, each with its name.
+/// Visits the whole record member by member, each with its name; first what a saved game holds.
 template <class Visit>
 void eachMember(Visit visit) {
-    std::apply([&, name = names.begin()](auto... member) mutable { (visit(*name++, member), ...); },
-               members);
+    using G = game::GameState;
+    std::istringstream names(
+        "Date Firm At Cannons Status Hold MaxHold SOpium SSilk SArms SGeneral WOpium WSilk WArms "
+        "WGeneral POpium PSilk PArms PGeneral Bank Debt Cash PCannon PShip Payoff Millionaire "
+        "Active Saved Over NetWorth Score Rank");
+    const auto visitAll = [&](auto... member) {
+        (visit(*std::istream_iterator<std::string>(names), member), ...);
+    };
+    visitAll(&G::gdtmDate, &G::gstrFirm, &G::gstrLocation, &G::gcurCannons, &G::gcurStatus,
+             &G::gcurHold, &G::gcurMaxHold, &G::gcurSOpium, &G::gcurSSilk, &G::gcurSArms,
+             &G::gcurSGeneral, &G::gcurWOpium, &G::gcurWSilk, &G::gcurWArms, &G::gcurWGeneral,
+             &G::gcurPOpium, &G::gcurPSilk, &G::gcurPArms, &G::gcurPGeneral, &G::gcurBank,
+             &G::gcurDebt, &G::gcurCash, &G::gcurPCannon, &G::gcurPShip, &G::gcurPayoff,
+             &G::gblnMillionaire, &G::gblnActiveGame, &G::gblnGameSaved, &G::gblnGameOver,
+             &G::gcurNetWorth, &G::gcurRank, &G::gstrRank);
 }
 
 /// A game just started: Hong Kong, $1,000 cash, no debt, no cannons, an empty hold of 60, prices
