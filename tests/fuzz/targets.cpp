@@ -6,12 +6,9 @@
 #include <optional>
 #include <string>
 
-#include "battle.h"
 #include "captain.h"
 #include "saved_game.h"
 #include "standing.h"
-#include "transcript.h"
-#include "voyage.h"
 
 namespace fuzz {
 
@@ -27,27 +24,16 @@ void require(bool holds, const char* what) {
     }
 }
 
-/// Reads what a captain does off the bytes of a text; where they end he is done.
-class Player final : test::Scene {
+/// A captain who reads what he does off the bytes of a text; where they end he is done.
+class Player final : public test::Captain {
 public:
     Player(GameState& state, std::string_view choices)
-        : m_state(state), m_choices(choices), m_random(choose(256)) {}
+        : Captain(state, m_generator), m_choices(choices), m_generator(choose(256)) {}
 
-    [[nodiscard]] bool done() const { return m_choices.empty() || !m_state.gblnActiveGame; }
-
-    void giveOrder() {
-        if (const std::size_t order = choose(12); order < 11) {
-            (void)test::giveOrder(
-                m_state, order,
-                [this](std::string_view words) {
-                    return choose(static_cast<std::size_t>(std::ranges::count(words, ' ')) + 1);
-                },
-                [this](Currency most) { return type(most); });
-        } else {
-            game::sail(m_state, m_random, *this, game::ports.at(choose(game::ports.size())));
-        }
-        game::updateStanding(m_state);
+    std::size_t choose(std::string_view words) override {
+        return choose(static_cast<std::size_t>(std::ranges::count(words, ' ')) + 1);
     }
+    [[nodiscard]] bool done() const { return m_choices.empty() || !m_state.gblnActiveGame; }
 
 private:
     std::size_t choose(std::size_t ways) {
@@ -58,9 +44,8 @@ private:
         m_choices.remove_prefix(1);
         return choice % ways;
     }
-
     /// As the player types it: nothing, all there is, a little more, a number, anything.
-    std::string type(Currency most) {
+    std::string type(Currency most) override {
         const std::size_t way = choose(6);
         return way == 0   ? std::string{}
                : way == 1 ? game::plainText(most)
@@ -70,27 +55,8 @@ private:
                           : std::string{m_choices.substr(0, choose(30))};
     }
 
-    bool ask(std::string_view /*text*/, std::string_view /*title*/) override {
-        return choose(2) == 0;
-    }
-    void showBattle() override {
-        finished = false;
-        game::Battle battle(m_state, m_random, *this);
-        for (battle.open(); !finished;) {
-            const bool armed = m_state.gcurCannons > 0;
-            const std::size_t order = choose(4);
-            if (order == 2) {
-                battle.dumpCargo();
-            }
-            armed&& order == 0   ? battle.fight()
-            : armed&& order == 1 ? battle.fightToDeath()
-                                 : battle.run();
-        }
-    }
-
-    GameState& m_state;
     std::string_view m_choices;
-    game::Generator m_random;
+    game::Generator m_generator;
 };
 
 }  // namespace
@@ -126,14 +92,14 @@ void play(std::string_view text) {
     game::updateStanding(state);
     Player player(state, text.substr(std::min(file.size() + 1, text.size())));
     for (int order = 0; order < 200 && !player.done(); ++order) {
-        player.giveOrder();
+        (void)player.play(player.choose(test::Captain::orders));
+        game::updateStanding(state);
     }
     const std::optional<GameState> saved = game::readSavedGame(game::writeSavedGame(state));
     require(saved.has_value(), "a game that was played is saved and loads again");
     GameState resumed = state;
     game::resumeGame(resumed, *saved);
-    resumed.gblnActiveGame = state.gblnActiveGame;
-    resumed.gblnGameSaved = state.gblnGameSaved;
+    state.gblnActiveGame = state.gblnGameSaved = true;
     require(resumed == state, "a game that was played goes on as it was saved");
 }
 

@@ -1,14 +1,13 @@
-// Every draw of the game against its exact odds, each judged twice.
+// Every draw of the game against its exact odds, each judged twice by 20,000 numbers.
 //
-// Evenly: the draw is given 20,000 numbers spread evenly over [0, 1). Each face has to come up as
-// often as its odds say, to less than one time: a face more or less likely than it should be by 1
-// in 10,000 is found with certainty.
+// Where they are spread evenly over [0, 1), each face comes up as often as its odds say, to less
+// than one time: one more or less likely than it should be by 1 in 10,000 is found with certainty.
 //
-// By chance: 20,000 numbers of the game's own generator and Pearson's sum, of at most 50 cells. A
-// fair draw fails one time in a million (z = 4.75); the seed is fixed, so it passes always or
-// never. An unfair one is found 99 times in 100 where, by its two faces, 1 in 110 is off by 56 %
-// of itself, 1 in 25 by 27 %, 1 in 8 by 15 % or 4 in 10 by 7 %; or where one of 21 faces is off by
-// 31 %, one of 50 cells by 54 %.
+// Where the game's own generator draws them, Pearson's sum of at most 50 cells fails a fair draw
+// one time in a million (z = 4.75); the seed is fixed, so it passes always or never. An unfair one
+// is found 99 times in 100 where, by its two faces, 1 in 110 is off by 56 % of itself, 1 in 25 by
+// 27 %, 1 in 8 by 15 % or 4 in 10 by 7 %; or where one of 21 faces is off by 31 %, one of 50 cells
+// by 54 %.
 
 #include <gtest/gtest.h>
 

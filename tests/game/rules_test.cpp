@@ -6,96 +6,60 @@
 #include <deque>
 #include <sstream>
 
-#include "arrival.h"
-#include "battle.h"
 #include "captain.h"
-#include "events.h"
 #include "games.h"
-#include "transcript.h"
-#include "visitors.h"
-#include "voyage.h"
 
 using game::GameState;
 
 namespace {
 
-using Words = std::deque<std::string>;
+/// A captain who reads a script, a word for whatever is asked next. In a field "max" is as much as
+/// it offers, "more" one more. A draw is the face of a die ("3/25"), 0 for the lowest and 1 for the
+/// highest there are, or - for none of interest.
+class Actor final : game::Random, public test::Captain {
+public:
+    Actor(GameState& state, test::Transcript& transcript, const std::string& script)
+        : Captain(state, *this, &transcript), m_words(script) {}
 
-std::string next(Words& words) {
-    std::string word = words.front();
-    words.pop_front();
-    return word;
-}
+    std::size_t choose(std::string_view words) override {
+        const std::string_view before = words.substr(0, words.find(next()));
+        return static_cast<std::size_t>(std::ranges::count(before, ' '));
+    }
+    bool leaves() override { return (m_words >> std::ws).eof(); }
 
-std::size_t number(std::string_view word, std::string_view words) {
-    const std::string_view before = words.substr(0, words.find(word));
-    return static_cast<std::size_t>(std::ranges::count(before, ' '));
-}
-
-/// An order of the port, a word a field: "max" is as much as the field offers, "more" one more.
-std::string give(GameState& state, const std::string& order, Words& fields) {
-    const auto choose = [&fields](std::string_view words) { return number(next(fields), words); };
-    const auto type = [&fields](game::Currency most) {
-        const std::string typed = next(fields);
+private:
+    std::string next() {
+        std::string word;
+        EXPECT_TRUE(m_words >> word) << "the script is too short";
+        return word;
+    }
+    std::string type(game::Currency most) override {
+        const std::string typed = next();
         return typed == "max" ? plainText(most) : typed == "more" ? plainText(most + 1) : typed;
-    };
-    return test::giveOrder(state, number(order, test::portOrders), choose, type);
-}
-
-/// A passage, a part of it or a battle, an order a letter: Fight, fight to the Death, Run, dump
-/// Cargo. A draw is the face of a die ("3/25"), 0 for the lowest, 1 for the highest there are or -
-/// for none of interest; "no" is the answer to a question.
-void pass(GameState& state, const std::string& story, const Words& draws, test::Scene& scene) {
-    test::ScriptedRandom random;
-    for (const std::string& die : draws) {
-        if (die == "no") {
-            scene.answers = "n";
-            continue;
-        }
+    }
+    double Rnd() override {
+        const std::string die = next();
         const std::size_t slash = die.find('/');
-        random.add({die == "0"   ? test::lowestDraw
-                    : die == "1" ? test::highestDraw
-                    : die == "-" ? 0.99
-                                 : test::roll(std::stoi(die), std::stoi(die.substr(slash + 1)))});
+        return die == "0"          ? test::lowestDraw
+               : die == "1"        ? test::highestDraw
+               : slash == die.npos ? 0.99
+                                   : test::roll(std::stoi(die), std::stoi(die.substr(slash + 1)));
     }
-    if (story == "sail") {
-        game::sail(state, random, scene, "Manila");
-    } else if (story == "arrive") {
-        game::arrive(state, random, scene, "Manila");
-    } else if (story == "events") {
-        game::meetEvents(state, random, scene);
-    } else if (story == "visitors") {
-        game::receiveVisitors(state, random, scene);
-    } else {
-        game::Battle battle(state, random, scene);
-        battle.open();
-        for (const char order : story) {
-            order == 'F'   ? battle.fight()
-            : order == 'D' ? battle.fightToDeath()
-            : order == 'R' ? battle.run()
-            : order == 'C' ? battle.dumpCargo()
-                           : void();
-        }
-    }
-}
+
+    std::istringstream m_words;
+};
 
 /// What a script tells: its messages and behind them what has changed. It is written as figures of
-/// a game just started, an order or a passage, and what is filled in or drawn.
+/// a game just started, an order or a part of a passage, and all that is asked in it.
 std::string told(const std::string& script) {
-    std::string figures;
-    Words rest;
-    std::istringstream words(script);
-    for (std::string word; words >> word;) {
-        word.find('=') != word.npos ? void(figures += word + ' ') : rest.push_back(word);
-    }
-    const std::string story = next(rest);
-    GameState state = test::newGame(figures);
+    const std::size_t start = script.find(' ', script.rfind('='));
+    const GameState before = test::newGame(script.substr(0, start));
+    GameState state = before;
     test::Transcript transcript;
-    test::Scene scene(&transcript);
-    test::portOrders.find(story) != std::string_view::npos
-        ? transcript.line(give(state, story, rest))
-        : pass(state, story, rest, scene);
-    transcript.tail(test::changes(test::newGame(figures), state));
+    Actor actor(state, transcript, script.substr(start));
+    const std::string answer = actor.play(actor.choose(Actor::deeds));
+    transcript.tail(answer + test::changes(before, state));
+    EXPECT_TRUE(actor.leaves()) << script;
     return transcript.take();
 }
 
@@ -106,12 +70,16 @@ std::string repeated(int times, const std::string& text) {
 TEST(Rules, TellAMonthInWhichEverythingHappens) {
     EXPECT_EQ(
         told("At=Saigon Status=10 SOpium=7 Hold=7 WSilk=100 WArms=1 WGeneral=2 Bank=200 "
-             "Debt=10 Cash=42 Payoff=9 sail " +
-             repeated(3, "5/110 ") + repeated(11, "4/110 6/110 ") +
+             "Debt=10 Cash=42 Payoff=9 sail Manila 5/110 1/4 run 0 5/110 1/4 run 1 1/8 5/110 " +
+             repeated(11, "4/110 6/110 ") +
              "0 1 0 1 1/25 5/7 5/7 1/7 5/50 1 2/2 1/5 0 2/12 1 3/25 0 4/25 1 5/25 1 1 1/25 2/8 "
-             "0 0"),
+             "0 0 yes"),
         " -Buy -Sell -Leave -Visit -Money -Transfer -Repair -Cannon -Ship\n"
-        " - Departing Saigon at sea. 90 battle. 90 battle" +
+        " - Departing Saigon at sea. 90 battle -F -D status:10 cannons:0\n"
+        "Zhenbao, what shall we do? fleet:3 -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n"
+        "We got away from them, Zhenbao!! 2000 finish. 90 battle -F -D status:10 cannons:0\n"
+        "Zhenbao, what shall we do? fleet:3 -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n"
+        "Kwan Tat's fleet drove them off! 2000 finish" +
             repeated(23, ". 90") +
             " in port\n"
             " - Zhenbao, we have been blown off course to Hong Kong red\n"
@@ -135,9 +103,9 @@ TEST(Rules, TellAMonthInWhichEverythingHappens) {
 }
 
 TEST(Rules, TellAFightToTheDeath) {
-    EXPECT_EQ(told("Cannons=2 SSilk=1 Hold=21 FDR 1/4 6/10 6/10 4/10 3/10 3/10 2/25 "
-                   "6/10 3/10 3/10 3/10 1/25 7/10 3/10 3/10 2/25 1 2/8 0 3/10 2/25"),
-              " status:100 cannons:2\nZhenbao, what shall we do? fleet:3 -D -R -C -F\n"
+    EXPECT_EQ(told("Cannons=2 SSilk=1 Hold=21 battle 1/4 fight 6/10 6/10 4/10 3/10 3/10 2/25 "
+                   "death 6/10 3/10 3/10 3/10 1/25 7/10 3/10 3/10 2/25 run 1 2/8 0 3/10 2/25"),
+              " battle status:100 cannons:2\nZhenbao, what shall we do? fleet:3 -D -R -C -F\n"
               "We're firing on 'em, Zhenbao! 2000 200 200\n"
               "Sunk 0 of those buggers, Zhenbao! 2000\n"
               "They're firing on us, Zhenbao! 2000 flash 200 status:99\n"
@@ -172,7 +140,7 @@ TEST(Rules, HoldToTheirBounds) {
                 " - Bought 5 Arms @ $90 Each - Bought 5 General @ $14 Each Hold=60 SArms=5 "
                 "SGeneral=5 Cash=480 Saved=no"},
             {"Hold=50 buy ship 0 0 5 more", noHold},
-            {"buy ship 0 0 0 72", noFunds},
+            {"Cash=1000 buy ship 0 0 0 72", noFunds},
             {"Cash=35100 buy ship 2 max 0 max",
              "... Hold=19 SOpium=2 SSilk=10 SGeneral=7 Cash=2 Saved=no"},
             {"Cash=24000 buy ship max 0 0 0",
@@ -239,15 +207,17 @@ TEST(Rules, HoldToTheirBounds) {
              "... $1 red Hold=0 SOpium=0 Cash=0"},
             {"SOpium=1 Hold=1 Cash=-5 events - - 3/25 4/25 - -", "... $0 red Hold=0 SOpium=0"},
             {"Cash=10 events - - - 4/25 1 - -", "... $5 red Cash=5"},
-            {"events - - - - - 1/25 1/8",
+            {"Hold=0 events - - - - - 1/25 1/8",
              " - The price of Opium has risen to $72,000 cyan POpium=72000"},
-            {"events - - - - - 1/25 3/8",
+            {"Hold=0 events - - - - - 1/25 3/8",
              " - The price of Silk has risen to $6,600 cyan PSilk=6600"},
-            {"events - - - - - 1/25 4/8",
+            {"Hold=0 events - - - - - 1/25 4/8",
              " - The price of Silk has dropped to $183 cyan PSilk=183"},
-            {"events - - - - - 1/25 5/8", " - The price of Arms has risen to $540 cyan PArms=540"},
-            {"events - - - - - 1/25 6/8", " - The price of Arms has dropped to $15 cyan PArms=15"},
-            {"events - - - - - 1/25 7/8",
+            {"Hold=0 events - - - - - 1/25 5/8",
+             " - The price of Arms has risen to $540 cyan PArms=540"},
+            {"Hold=0 events - - - - - 1/25 6/8",
+             " - The price of Arms has dropped to $15 cyan PArms=15"},
+            {"Hold=0 events - - - - - 1/25 7/8",
              " - The price of General has risen to $84 cyan PGeneral=84"},
             {"PGeneral=5 events - - - - - 1/25 8/8",
              " - The price of General has dropped to $1 cyan PGeneral=1"},
@@ -256,40 +226,38 @@ TEST(Rules, HoldToTheirBounds) {
              " - Kwan Tat has sent a lieutenant, Zhenbao.  He says his admiral wishes\n| to see "
              "you in Hong Kong, Posthaste!"},
             {"Payoff=10 visitors", " +Money"},
-            {"Payoff=11 Cash=22 visitors 0 0",
+            {"Payoff=11 Cash=22 visitors 0 0 yes",
              "...\n - Payed $22 in donation to the temple of Tin Hau Cash=0 Payoff=0"},
             {"Payoff=11 NetWorth=400 visitors 1 no", "... $20" + donation},
             {"Payoff=11 NetWorth=400 visitors 19/20 0 no", "... $40" + donation},
             {"Payoff=11 NetWorth=-2000 visitors 80/100 0 no", "... $58" + donation},
 
-            {"MaxHold=-60 sight 1", "... fleet:1"},
-            {"Payoff=10 sight 1", "... fleet:6"},
-            {"Payoff=11 sight 1", "... fleet:12"},
-            {"MaxHold=922337203685477 sight 1", "... fleet:48"},
-            {"Cannons=1000000000 F 1/4 7/10 6/10 7/10 7/10 1",
-             " -C status:100 cannons:1000000000\nZhenbao, what shall we do? fleet:3 -D -R -C -F\n"
+            {"MaxHold=-60 battle 1", "... fleet:1"},
+            {"Payoff=10 battle 1", "... fleet:6"},
+            {"Payoff=11 battle 1", "... fleet:12"},
+            {"MaxHold=922337203685477 battle 1", "... fleet:48"},
+            {"Cannons=1000000000 battle 1/4 fight 7/10 6/10 7/10 7/10 1",
+             " battle -C status:100 cannons:1000000000\nZhenbao, what shall we do? fleet:3 -D -R "
+             "-C -F\n"
              "We're firing on 'em, Zhenbao! 2000 200 sink:3x5 fleet:2 200 200 sink:2x5 fleet:1 200 "
              "sink:1x5 fleet:0\n[] You got some booty worth $4,050     \n"
              " - You got some booty worth $4,050 finish Cash=5050"},
-            {"R 0 0",
-             " -F -D -C status:100 cannons:0\nZhenbao, what shall we do? fleet:3 -D -R -C -F\n"
-             "Aye, we'll run, Zhenbao! 2500\nWe got away from them, Zhenbao!! 2000 finish"},
-            {"Payoff=10 R 0 1 1/8", "...\nKwan Tat's fleet drove them off! 2000 finish"},
-            {"Payoff=11 RRR 0 1 1/8 1 3/10 3/10 3/10 1/25 1 2/8 1 3/10 1/25 1",
+            {"Payoff=11 battle 0 run 1 1/8 1 3/10 3/10 3/10 1/25 run 1 2/8 1 3/10 1/25 run 1",
              "... but we escaped from 2 fleet:1 2000\nThey're firing on us, Zhenbao! 2000\n"
              "Zhenbao, what shall we do? +R -C -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n"
              "We got away from them, Zhenbao!! 2000 finish"},
-            {"Payoff=11 MaxHold=0 Hold=50 R 1 25/100",
+            {"Payoff=11 MaxHold=0 Hold=50 battle 1 run 25/100",
              "...\nWe got away from them, Zhenbao!! 2000 finish"},
-            {"Payoff=11 MaxHold=0 Hold=50 R 1 26/100 1/8 1 3/10 1/25", "... +R -C"},
-            {"Status=2 R 1/4 1 1 0 4/10 4/10",
+            {"Payoff=11 MaxHold=0 Hold=50 battle 1 run 26/100 1/8 1 3/10 1/25", "... +R -C"},
+            {"Status=2 battle 1/4 run 1 2/8 0 4/10 4/10 yes",
              "... flash 200 status:1 flash 200 status:0 again? finish Status=0 Active=no Over=yes"},
-            {"Status=1 Cannons=1 D 1/4 6/10 4/10 no",
-             " -C status:1 cannons:1\nZhenbao, what shall we do? fleet:3 -D -R -C -F\n"
+            {"Status=1 Cannons=1 battle 1/4 death 6/10 4/10 no",
+             " battle -C status:1 cannons:1\nZhenbao, what shall we do? fleet:3 -D -R -C -F\n"
              "We're firing on 'em, Zhenbao! 500 50\nSunk 0 of those buggers, Zhenbao! 500\n"
              "They're firing on us, Zhenbao! 500 flash 50 status:0 again? the end Status=0"},
-            {"Cannons=5 SSilk=10 Hold=60 C 0 no", "... fleet:3 dump?"},
-            {"Cannons=5 SSilk=10 Hold=60 CR 0 13/100",
+            {"Cannons=5 SSilk=10 Hold=60 battle 0 dump no 13/100 1/8",
+             "... drove them off! 2000 finish"},
+            {"Cannons=5 SSilk=10 Hold=60 battle 0 dump yes 13/100",
              "... dump? -C refresh -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n"
              "We got away from them, Zhenbao!! 2000 finish Hold=50 SSilk=0"},
         }) {
