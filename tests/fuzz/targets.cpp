@@ -55,6 +55,9 @@ private:
                           : std::string{m_choices.substr(0, choose(30))};
     }
 
+    bool confirmDumping() override { return true; }
+    bool playAgain() override { return true; }
+
     std::string_view m_choices;
     game::Generator m_generator;
 };

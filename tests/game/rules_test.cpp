@@ -243,6 +243,8 @@ TEST(Rules, HoldToTheirBounds) {
              "... but we escaped from 2 fleet:1 2000\nThey're firing on us, Zhenbao! 2000\n"
              "Zhenbao, what shall we do? +R -C -D -R -C -F\nAye, we'll run, Zhenbao! 2500\n"
              "We got away from them, Zhenbao!! 2000 finish"},
+            {"Payoff=11 MaxHold=0 Hold=50 battle 1 run 25/100",
+             "...away from them, Zhenbao!! 2000 finish"},
             {"Payoff=11 MaxHold=0 Hold=50 battle 1 run 26/100 1/8 1 3/10 1/25", "... +R -C"},
             {"Status=2 battle 1/4 run 1 2/8 0 4/10 4/10 yes",
              "... flash 200 status:1 flash 200 status:0 again? finish Status=0 Active=no Over=yes"},
