@@ -20,7 +20,7 @@ const GameState someGame = [] {
     GameState state = test::newGame(
         "Cannons=4 Status=5 Hold=6 MaxHold=7 SOpium=8 SSilk=9 SArms=10 SGeneral=11 WOpium=12 "
         "WSilk=13 WArms=14 WGeneral=15 POpium=16 PSilk=17 PArms=18 PGeneral=19 Bank=20 Debt=21 "
-        "Cash=22 PCannon=23 PShip=24 Payoff=25");
+        "Cash=22 PCannon=23 PShip=24 Payoff=25 NetWorth=26 Score=27");
     state.gdtmDate = {std::chrono::year{1}, std::chrono::October, std::chrono::day{9}};
     state.gstrFirm = "Smith, Jones & Co,";
     state.gblnMillionaire = true;
@@ -44,8 +44,7 @@ std::string joined(const Lines& lines, const std::string& separator) {
 }
 const std::string someFile = joined(someLines, "\r\n");
 
-/// What a game just started becomes by the file where line `number`, from 1, holds `value` instead;
-/// nothing where it is refused.
+/// The record of that file where line `number`, from 1, holds `value` instead.
 std::optional<GameState> readWith(std::size_t number, const std::string& value) {
     Lines lines = someLines;
     lines.at(number - 1) = value;
@@ -59,7 +58,7 @@ TEST(SavedGame, IsTwentySixLinesReadInEveryWayTheyMayBeParted) {
     for (const std::string& form :
          {someFile, joined(someLines, "\n"), bare, "\xEF\xBB\xBF" + someFile, someFile + '\xFF',
           bare + "\r", bare + ",anything"}) {
-        GameState state = test::newGame();
+        GameState state = test::newGame("NetWorth=26 Score=27");
         state.gblnActiveGame = state.gblnGameSaved = false;
         game::resumeGame(state, game::readSavedGame(form).value());
         EXPECT_EQ(state, someGame) << form;
