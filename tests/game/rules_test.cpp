@@ -70,7 +70,7 @@ std::string repeated(int times, const std::string& text) {
 TEST(Rules, TellAMonthInWhichEverythingHappens) {
     EXPECT_EQ(
         told("At=Saigon Status=10 SOpium=7 Hold=7 WSilk=100 WArms=1 WGeneral=2 Bank=200 "
-             "Debt=10 Cash=42 Payoff=9 sail Manila 5/110 1/4 run 0 5/110 1/4 run 1 1/8 5/110 " +
+             "Debt=10 Cash=43 Payoff=9 sail Manila 5/110 1/4 run 0 5/110 1/4 run 1 1/8 5/110 " +
              repeated(11, "4/110 6/110 ") +
              "0 1 0 1 1/25 5/7 5/7 1/7 5/50 1 2/2 1/5 0 2/12 1 3/25 0 4/25 1 5/25 1 1 1/25 2/8 "
              "0 0 yes"),
@@ -99,7 +99,7 @@ TEST(Rules, TellAMonthInWhichEverythingHappens) {
             "Sea Goddess.   \n[Not Enough Cash] Adding Difference to Debt   \n"
             " - Payed $22 in donation to the temple of Tin Hau Date=Feb 15, 1860 At=Hong Kong "
             "Status=5 Hold=0 SOpium=0 WSilk=50 WGeneral=1 POpium=833 PSilk=2500 PArms=50 "
-            "PGeneral=25 Bank=201 Debt=13 Cash=0 PCannon=400 PShip=24000 Payoff=0 Saved=no\n");
+            "PGeneral=25 Bank=201 Debt=12 Cash=0 PCannon=400 PShip=24000 Payoff=0 Saved=no\n");
 }
 
 TEST(Rules, TellAFightToTheDeath) {
@@ -215,6 +215,8 @@ TEST(Rules, HoldToTheirBounds) {
          "Hong Kong, Posthaste!"},
         {"Payoff=10 visitors", " +Money"},
         {"Status=99 visitors", "...I can repair your ship'"},
+        {"Payoff=11 Cash=22 visitors 0 0 yes",
+         "... Goddess.   \n - Payed $22 in donation to the temple of Tin Hau Cash=0 Payoff=0"},
         {"Payoff=11 NetWorth=400 visitors 1 no", "... $20" + donation},
         {"Payoff=11 NetWorth=400 visitors 19/20 0 no", "... $40" + donation},
         {"Payoff=11 NetWorth=-2000 visitors 80/100 0 no", "... $58" + donation},
@@ -247,7 +249,7 @@ TEST(Rules, HoldToTheirBounds) {
          "We're firing on 'em, Zhenbao! 500 50\n"
          "Sunk 0 of those buggers, Zhenbao! 500\n"
          "They're firing on us, Zhenbao! 500 flash 50 status:0 again? the end Status=0"},
-        {"Cannons=5 SSilk=10 Hold=60 battle 0 dump no 13/100 1/8",
+        {"Cannons=5 SSilk=10 Hold=60 Payoff=10 battle 0 dump no 13/100 1/8",
          "... drove them off! 2000 finish"},
         {"Cannons=5 SSilk=10 Hold=60 battle 0 dump yes 13/100",
          "... dump? -C refresh -D -R -C -F\n"
@@ -292,6 +294,7 @@ TEST(Rules, BeginAGameThatKeepsPastOffersAndScore) {
         }
     });
     before.gblnMillionaire = before.gblnGameOver = true;
+    EXPECT_FALSE(before.gblnGameSaved);
     std::string begun;
     for (const auto scenario : {game::Scenario::Cannons, game::Scenario::CashAndDebt}) {
         using test::lowestDraw, test::highestDraw;
