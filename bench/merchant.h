@@ -11,9 +11,9 @@
 #include "purchases.h"
 #include "saved_game.h"
 #include "shipyard.h"
-#include "silent_scenes.h"
 #include "standing.h"
 #include "trading.h"
+#include "transcript.h"
 #include "transfer.h"
 #include "visitors.h"
 #include "voyage.h"
@@ -23,7 +23,7 @@ namespace bench {
 /// A sensible captain, who plays by the rules alone, without a window: buys cheap and sells dear,
 /// keeps what he needs at hand and the rest in the bank, comes home to pay his debts, mend his
 /// ship and please Kwan Tat, fights what he can sink and runs from the rest.
-class Merchant final : test::SilentVoyage, test::SilentBattle {
+class Merchant final : test::Scene {
 public:
     Merchant(game::Random& random, game::Scenario scenario) : m_random(random) {
         game::startGame(m_state, random, scenario, "Zhenbao");
@@ -194,6 +194,7 @@ private:
         }
     }
 
+    using Scene::setOrderEnabled;
     void setOrderEnabled(game::Order offer, bool enabled) override {
         m_cannonOffered = m_cannonOffered || (offer == game::Order::Cannon && enabled);
         m_shipOffered = m_shipOffered || (offer == game::Order::Ship && enabled);
@@ -215,7 +216,6 @@ private:
         }
     }
 
-    using SilentBattle::setOrderEnabled;
     void showFleet(game::Currency ships) override { m_ships = ships; }
     void refresh() override { game::updateStanding(m_state); }
 

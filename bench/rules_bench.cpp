@@ -5,7 +5,7 @@
 #include "merchant.h"
 #include "new_game.h"
 #include "saved_game.h"
-#include "silent_scenes.h"
+#include "transcript.h"
 #include "visitors.h"
 
 namespace {
@@ -23,7 +23,7 @@ const game::GameState& aGame() {
 /// Whole arrivals: prices, calendar, weather, interest, events and visitors.
 void arrivals(benchmark::State& run) {
     game::Generator random(1);
-    test::SilentVoyage scene;
+    test::Scene scene;
     game::GameState merchant = aGame();
     merchant.gcurCash = 100'000;
     merchant.gcurSOpium = 10;

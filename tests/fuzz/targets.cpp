@@ -1,25 +1,14 @@
 #include "targets.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
-#include <functional>
 #include <iostream>
 #include <optional>
 #include <string>
 
-#include "amount.h"
-#include "bank.h"
-#include "battle.h"
-#include "money_lender.h"
-#include "purchases.h"
+#include "captain.h"
 #include "saved_game.h"
-#include "shipyard.h"
-#include "silent_scenes.h"
 #include "standing.h"
-#include "trading.h"
-#include "transfer.h"
-#include "voyage.h"
 
 namespace fuzz {
 
@@ -35,56 +24,18 @@ void require(bool holds, const char* what) {
     }
 }
 
-/// Reads its orders off the bytes of a text; where they end it is done.
-class Player {
+/// A captain who reads what he does off the bytes of a text; where they end he is done.
+class Player final : public test::Captain {
 public:
     Player(GameState& state, std::string_view choices)
-        : m_state(state), m_choices(choices), m_random(choose(256)) {}
+        : Captain(state, m_generator), m_choices(choices), m_generator(choose(256)) {}
 
+    std::size_t choose(std::string_view words) override {
+        return choose(static_cast<std::size_t>(std::ranges::count(words, ' ')) + 1);
+    }
     [[nodiscard]] bool done() const { return m_choices.empty() || !m_state.gblnActiveGame; }
 
-    void giveOrder() {
-        const std::array<std::function<void()>, 12> orders{
-            [this] { trade(true); },
-            [this] { trade(false); },
-            [this] { transfer(); },
-            [this] { move(game::mostToDeposit, game::refuseDeposit, game::deposit); },
-            [this] { move(game::mostToWithdraw, game::refuseWithdrawal, game::withdraw); },
-            [this] { move(game::maxLoan, game::refuseLoan, game::borrow); },
-            [this] { move(game::mostToRepay, refuseRepayment, game::repay); },
-            [this] { move(betterThanNow, refuseRepair, repair); },
-            [this] { buy(game::canRepairMax(m_state), game::repairMax); },
-            [this] { buy(!game::refuseCannon(m_state), game::buyCannon); },
-            [this] { buy(!game::refuseShip(m_state), game::buyShip); },
-            [this] { sail(); }};
-        orders.at(choose(orders.size()))();
-        game::updateStanding(m_state);
-    }
-
 private:
-    class Voyage final : public test::SilentVoyage {
-    public:
-        explicit Voyage(Player& player) : m_player(player) {}
-        bool ask(std::string_view /*text*/, std::string_view /*title*/) override {
-            return m_player.choose(2) == 0;
-        }
-        void showBattle() override { m_player.meetPirates(); }
-
-    private:
-        Player& m_player;
-    };
-
-    static game::Refusal refuseRepayment(const GameState& state, Currency amount) {
-        return game::refuseRepayment(state, amount, true);
-    }
-    static Currency betterThanNow(const GameState& state) { return state.gcurStatus + 1; }
-    static game::Refusal refuseRepair(const GameState& state, Currency condition) {
-        return game::refuseRepair(state, game::offeredCondition(state, condition));
-    }
-    static std::string repair(GameState& state, Currency condition) {
-        return game::repair(state, game::offeredCondition(state, condition));
-    }
-
     std::size_t choose(std::size_t ways) {
         if (m_choices.empty()) {
             return 0;
@@ -93,9 +44,8 @@ private:
         m_choices.remove_prefix(1);
         return choice % ways;
     }
-
     /// As the player types it: nothing, all there is, a little more, a number, anything.
-    std::string type(Currency most) {
+    std::string type(Currency most) override {
         const std::size_t way = choose(6);
         return way == 0   ? std::string{}
                : way == 1 ? game::plainText(most)
@@ -105,77 +55,11 @@ private:
                           : std::string{m_choices.substr(0, choose(30))};
     }
 
-    void trade(bool buying) {
-        game::TradeOrder order;
-        order.place = choose(2) == 0 ? game::Place::Ship : game::Place::Warehouse;
-        std::array<std::string, game::goods.size()> typed;
-        for (const game::GoodRow& row : game::goods) {
-            const std::size_t good = game::index(row.good);
-            typed.at(good) = type(buying ? game::mostToBuy(m_state, order, row.good)
-                                         : game::mostToSell(m_state, order.place, row.good));
-            order.amounts.at(good) = game::MakeNumber(typed.at(good));
-        }
-        if (buying && !game::refuseBuying(m_state, order)) {
-            (void)game::buy(m_state, order);
-        }
-        if (!buying && !game::refuseSelling(m_state, order)) {
-            (void)game::sell(m_state, order, typed);
-        }
-    }
+    bool confirmDumping() override { return true; }
+    bool playAgain() override { return true; }
 
-    void transfer() {
-        const auto load = [this](game::Place destination) {
-            const game::Good good = game::goods.at(choose(game::goods.size())).good;
-            return game::Load{good, type(game::mostToTransfer(m_state, destination, good))};
-        };
-        const game::TransferOrder order{.toShip = load(game::Place::Ship),
-                                        .toWarehouse = load(game::Place::Warehouse)};
-        if (!game::refuseTransfer(m_state, order)) {
-            (void)game::transfer(m_state, order);
-        }
-    }
-
-    void move(Currency (*most)(const GameState&),
-              game::Refusal (*refuse)(const GameState&, Currency),
-              std::string (*apply)(GameState&, Currency)) {
-        const Currency amount = game::MakeNumber(type(most(m_state)));
-        if (!refuse(m_state, amount)) {
-            (void)apply(m_state, amount);
-        }
-    }
-
-    void buy(bool allowed, std::string (*apply)(GameState&)) {
-        if (allowed) {
-            (void)apply(m_state);
-        }
-    }
-
-    void sail() {
-        Voyage voyage(*this);
-        game::sail(m_state, m_random, voyage, game::ports.at(choose(game::ports.size())));
-    }
-
-    void meetPirates() {
-        test::SilentBattle scene;
-        game::Battle battle(m_state, m_random, scene);
-        battle.open();
-        while (!scene.finished) {
-            const bool armed = m_state.gcurCannons > 0;
-            const std::size_t order = choose(4);
-            if (order == 2) {
-                battle.dumpCargo();
-            }
-            if (armed && order < 2) {
-                order == 0 ? battle.fight() : battle.fightToDeath();
-            } else {
-                battle.run();
-            }
-        }
-    }
-
-    GameState& m_state;
     std::string_view m_choices;
-    game::Generator m_random;
+    game::Generator m_generator;
 };
 
 }  // namespace
@@ -211,14 +95,14 @@ void play(std::string_view text) {
     game::updateStanding(state);
     Player player(state, text.substr(std::min(file.size() + 1, text.size())));
     for (int order = 0; order < 200 && !player.done(); ++order) {
-        player.giveOrder();
+        (void)player.play(player.choose(test::Captain::orders));
+        game::updateStanding(state);
     }
     const std::optional<GameState> saved = game::readSavedGame(game::writeSavedGame(state));
     require(saved.has_value(), "a game that was played is saved and loads again");
     GameState resumed = state;
     game::resumeGame(resumed, *saved);
-    resumed.gblnActiveGame = state.gblnActiveGame;
-    resumed.gblnGameSaved = state.gblnGameSaved;
+    state.gblnActiveGame = state.gblnGameSaved = true;
     require(resumed == state, "a game that was played goes on as it was saved");
 }
 

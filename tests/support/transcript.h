@@ -1,19 +1,16 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <array>
-#include <deque>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "battle_scene.h"
 #include "voyage_scene.h"
 
 namespace test {
 
-/// What a story told to its scene, one line an event; dots of a passage stay on one line.
+/// What a story told to its scene, one line an entry or report, with what else happens behind it.
 class Transcript {
 public:
     void line(std::string_view text) { m_text.append(m_text.empty() ? "" : "\n").append(text); }
@@ -27,53 +24,76 @@ private:
     std::string m_text;
 };
 
-inline std::string_view name(game::Order order) {
-    constexpr std::array<std::string_view, 9> names{
-        "Buy", "Sell", "Leave", "Visit", "Money", "Transfer", "Repair", "Cannon", "Ship"};
-    return names.at(static_cast<std::size_t>(order));
-}
-
-/// A voyage watched by nobody: it is written down, and questions get the answers laid ready.
-class TranscriptScene final : public game::VoyageScene {
+/// A voyage and its battles watched by nobody, written down where there is a transcript.
+class Scene : public game::VoyageScene, public game::BattleScene {
 public:
-    Transcript transcript;
-    std::deque<bool> answers;
-    game::Milliseconds waited{0};
-    std::function<void()> battle = [] {};
+    explicit Scene(Transcript* transcript = nullptr) : m_transcript(transcript) {}
 
-    using VoyageScene::appendEntry;
+    int battles = 0;
+    bool finished = false;
+
     void appendEntry(std::string_view message, std::string_view continuation) override {
-        transcript.line(message);
-        if (!continuation.empty()) {
-            transcript.line("| " + std::string{continuation});
-        }
+        line(message, continuation.empty() ? "" : "\n| ", continuation);
     }
-    void appendText(std::string_view text) override { transcript.tail(text); }
-    void flash(game::Alert alert) override {
-        transcript.line(alert == game::Alert::News ? "flash cyan" : "flash red");
-    }
-    void wait(game::Milliseconds duration) override { waited += duration; }
+    void appendEntry(std::string_view message) override { line(message); }
+    void appendText(std::string_view text) override { tell(text); }
+    void report(std::string_view text) override { line(text); }
+    void flash(game::Alert alert) override { tell(alert == game::Alert::News ? " cyan" : " red"); }
+    void flash() override { tell(" flash"); }
+    void wait(game::Milliseconds duration) override { tell(" ", duration); }
     void setOrderEnabled(game::Order order, bool enabled) override {
-        transcript.line((enabled ? "enable " : "disable ") + std::string{name(order)});
+        constexpr std::array<std::string_view, 9> words{
+            "Buy", "Sell", "Leave", "Visit", "Money", "Transfer", "Repair", "Cannon", "Ship"};
+        tell(enabled ? " +" : " -", words.at(static_cast<std::size_t>(order)));
     }
-    void setAtSea(bool atSea) override { transcript.line(atSea ? "at sea" : "in port"); }
+    void setOrderEnabled(game::BattleOrder order, bool enabled) override {
+        constexpr std::string_view letters = "FDRC";  // Fight, to the Death, Run, dump Cargo
+        tell(enabled ? " +" : " -", letters.substr(static_cast<std::size_t>(order), 1));
+    }
+    void setAtSea(bool atSea) override { tell(atSea ? " at sea" : " in port"); }
     bool ask(std::string_view text, std::string_view title) override {
-        transcript.line("ask [" + std::string{title} + "] " + std::string{text});
-        if (answers.empty()) {
-            ADD_FAILURE() << "an unexpected question: " << text;
-            return false;
-        }
-        const bool answer = answers.front();
-        answers.pop_front();
-        return answer;
+        line("[", title, "] ", text);
+        return answer();
     }
     void inform(std::string_view text, std::string_view title) override {
-        transcript.line("inform [" + std::string{title} + "] " + std::string{text});
+        line("[", title, "] ", text);
     }
-    void showBattle() override {
-        transcript.line("battle");
-        battle();
+    void inform(std::string_view text) override { line("[] ", text); }
+    void showBattle() override { tell(" battle"), ++battles; }
+    void showFleet(game::Currency ships) override { tell(" fleet:", ships); }
+    void showStatus(game::Currency percent) override { tell(" status:", percent); }
+    void showCannons(game::Currency cannons) override { tell(" cannons:", cannons); }
+    void sinkLast(game::Currency ships, game::Milliseconds step) override {
+        tell(" sink:", ships, "x", step);
     }
+    void refresh() override { tell(" refresh"); }
+    bool confirmDumping() override { return tell(" dump?"), answer(); }
+    bool playAgain() override { return tell(" again?"), answer(); }
+    void finish() override { tell(" finish"), finished = true; }
+    void endProgram() override { tell(" the end"), finished = true; }
+
+protected:
+    /// Yes to every question, unless someone knows better.
+    virtual bool answer() { return true; }
+
+private:
+    static std::string_view text(std::string_view part) { return part; }
+    static std::string text(game::Currency part) { return plainText(part); }
+    static std::string text(game::Milliseconds part) { return std::to_string(part.count()); }
+    template <class... Parts>
+    void tell(const Parts&... parts) {
+        if (m_transcript != nullptr) {
+            (m_transcript->tail(text(parts)), ...);
+        }
+    }
+    template <class... Parts>
+    void line(const Parts&... parts) {
+        if (m_transcript != nullptr) {
+            m_transcript->line("");
+            tell(parts...);
+        }
+    }
+    Transcript* m_transcript;
 };
 
 }  // namespace test
