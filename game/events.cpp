@@ -59,11 +59,6 @@ void offerShip(GameState& state, Random& random, VoyageScene& scene) {
     scene.flash(Alert::News);
 }
 
-/// Takes what a fine or a robbery costs; the last dollar is all there is to take.
-void takeCash(GameState& state, Currency loss) {
-    state.gcurCash = std::max(state.gcurCash - loss, std::min(state.gcurCash, Currency{0}));
-}
-
 void seizeOpium(GameState& state, Random& random, VoyageScene& scene) {
     const bool drawn = roll(random, 25) == 3;
     if (!drawn || state.gcurSOpium <= 0) {
@@ -74,7 +69,7 @@ void seizeOpium(GameState& state, Random& random, VoyageScene& scene) {
                       withMoney("and fined you ", fine));
     state.gcurHold -= state.gcurSOpium;
     state.gcurSOpium = 0;
-    takeCash(state, fine);
+    state.gcurCash -= fine;
     scene.flash(Alert::Misfortune);
 }
 
@@ -85,7 +80,7 @@ void robCaptain(GameState& state, Random& random, VoyageScene& scene) {
     }
     const Currency loss = drawUpToHalf(random, state.gcurCash);
     scene.appendEntry(withMoney(" - Bad Joss!  You have been beaten up and robbed of ", loss));
-    takeCash(state, loss);
+    state.gcurCash -= loss;
     scene.flash(Alert::Misfortune);
 }
 
