@@ -15,8 +15,7 @@ using game::GameState;
 namespace {
 
 /// A captain who reads a script, a word for whatever is asked next. In a field "max" is as much as
-/// it offers, "more" one more. A draw is the face of a die ("3/25"), 0 for the lowest and 1 for the
-/// highest there are, or - for none of interest.
+/// it offers, "more" one more.
 class Actor final : game::Random, public test::Captain {
 public:
     Actor(GameState& state, test::Transcript& transcript, const std::string& script)
@@ -38,14 +37,7 @@ private:
         const std::string typed = next();
         return typed == "max" ? plainText(most) : typed == "more" ? plainText(most + 1) : typed;
     }
-    double Rnd() override {
-        const std::string die = next();
-        const std::size_t slash = die.find('/');
-        return die == "0"          ? test::lowestDraw
-               : die == "1"        ? test::highestDraw
-               : slash == die.npos ? 0.99
-                                   : test::roll(std::stoi(die), std::stoi(die.substr(slash + 1)));
-    }
+    double Rnd() override { return test::drawn(next()); }
 
     std::istringstream m_words;
 };

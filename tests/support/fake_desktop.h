@@ -27,19 +27,20 @@ public:
     QList<QUrl> openedLinks;
     game::Milliseconds waited{0};
     std::function<void()> duringWait = [] {};  ///< what the player does meanwhile
+    std::function<ui::Answer(const ui::Box&)> answer = [this](const ui::Box& box) {
+        const auto [text, given] = m_answers.empty() ? std::pair{"no box at all", box.onEscape}
+                                                     : std::pair{m_answers.front()};
+        EXPECT_TRUE(box.text.startsWith(text)) << box.text.toStdString() << " for " << text;
+        m_answers.erase(m_answers.begin(), m_answers.begin() + (m_answers.empty() ? 0 : 1));
+        return given;
+    };
 
     /// The next box begins with `text` and is answered.
-    void expect(const char* text, ui::Answer answer = ui::Answer::Ok) {
-        m_answers.emplace_back(text, answer);
+    void expect(const char* text, ui::Answer given = ui::Answer::Ok) {
+        m_answers.emplace_back(text, given);
     }
 
-    ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
-        const auto [text, answer] =
-            m_answers.empty() ? std::pair{"no box", box.onEscape} : std::pair{m_answers.front()};
-        EXPECT_TRUE(box.text.startsWith(text)) << box.text.toStdString() << " for " << text;
-        m_answers.pop_front();
-        return answer;
-    }
+    ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override { return answer(box); }
     QString chooseFileToLoad(QWidget* /*owner*/) override { return fileToLoad; }
     QString chooseFileToSave(QWidget* /*owner*/) override { return fileToSave; }
     void openLink(const QUrl& link) override { openedLinks.append(link); }

@@ -45,6 +45,8 @@ inline game::GameState newGame(const std::string& figures = {}) {
         eachMember([&](std::string_view known, auto member) {
             if constexpr (std::is_same_v<decltype(member), game::Field>) {
                 state.*member = known == name ? game::readDecimal(value).value() : state.*member;
+            } else if constexpr (std::is_same_v<decltype(member), bool game::GameState::*>) {
+                state.*member = known == name ? value == "yes" : state.*member;
             }
         });
         state.gstrLocation = name == "At" ? value : state.gstrLocation;

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <deque>
 #include <initializer_list>
+#include <string>
 #include <vector>
 
 #include "random.h"
@@ -18,6 +19,16 @@ inline double roll(int face, int sides) {
 
 inline constexpr double lowestDraw = 0.0;
 inline const double highestDraw = std::nextafter(1.0, 0.0);
+
+/// A draw as scripts write it: the face of a die ("3/25"), 0 for the lowest and 1 for the highest
+/// there are, or - for none of interest.
+inline double drawn(const std::string& die) {
+    const std::size_t slash = die.find('/');
+    return die == "0"          ? lowestDraw
+           : die == "1"        ? highestDraw
+           : slash == die.npos ? 0.99
+                               : roll(std::stoi(die), std::stoi(die.substr(slash + 1)));
+}
 
 /// Chance as a test wants it. Running out of draws fails the test, and so does one left over.
 class ScriptedRandom final : public game::Random {

@@ -1,14 +1,15 @@
-// What the dialogs do beyond their orders, which the rules and the restless player know.
-
-#include <tuple>
+// What the dialogs do, as scripts and where no script reaches.
 
 #include "amount_field.h"
+#include "approved.h"
 #include "frmAbout.h"
 #include "frmBuy.h"
 #include "frmHelp.h"
+#include "frmLeave.h"
 #include "frmMoney.h"
 #include "frmNew.h"
 #include "frmPirate.h"
+#include "frmRepair.h"
 #include "frmSell.h"
 #include "frmStats.h"
 #include "frmTransfer.h"
@@ -22,132 +23,116 @@ using test::roll;
 
 namespace {
 
-void rich(GameState& state) {
-    state.gcurBank = 300;
-    state.gcurDebt = 5'000;
+template <class Dialog>
+std::unique_ptr<QDialog> make(ui::MainForm& mainForm) {
+    return std::make_unique<Dialog>(mainForm);
 }
+const std::map<std::string, std::unique_ptr<QDialog> (*)(ui::MainForm&)> dialogs{
+    {"frmAbout", make<ui::frmAbout>},       {"frmBuy", make<ui::frmBuy>},
+    {"frmLeave", make<ui::frmLeave>},       {"frmMoney", make<ui::frmMoney>},
+    {"frmNew", make<ui::frmNew>},           {"frmPirate", make<ui::frmPirate>},
+    {"frmRepair", make<ui::frmRepair>},     {"frmSell", make<ui::frmSell>},
+    {"frmTransfer", make<ui::frmTransfer>}, {"frmVisit", make<ui::frmVisit>}};
 
-TEST(AmountField, TakesDigitsOnlyAndKeepsItsTextWhenOpened) {
-    Opened<ui::frmSell> visit([](GameState& state) { state.gcurSArms = 100; });
-    auto* field = visit.find<ui::AmountField>("cboArms");
-    QSignalSpy picks(field, &ui::AmountField::entryPicked);
-    QTest::mouseClick(field->lineEdit(), Qt::LeftButton);
-    EXPECT_EQ(visit.after("type cboArms 2a-.\u00AD5,", "cboArms"), "25") << "replaces the 0";
-    field->showPopup();
-    QStringList offered;
-    for (int row = 0; row < field->count(); ++row) {
-        offered.append(field->itemText(row));
+/// A dialog over the main window, in which a script is played.
+class Stage : test::Playing {
+public:
+    /// "frmBuy Cash=500 | 1/4": the dialog, the figures of its game and the draws to come.
+    explicit Stage(const std::string& opening) {
+        const std::size_t bar = std::min(opening.find(" |"), opening.size());
+        const std::string name = opening.substr(0, opening.find(' '));
+        go(test::newGame(opening.substr(name.size(), bar - name.size())));
+        std::istringstream dice(opening.substr(std::min(bar + 2, opening.size())));
+        for (std::string die; dice >> die;) {
+            draws.add({test::drawn(die)});
+        }
+        desktop.answer = [this](const ui::Box& box) {
+            m_told += "\n[" + box.title + "] " + box.text;
+            return std::exchange(m_answer, ui::Answer::Yes);
+        };
+        m_dialog = dialogs.at(name)(mainForm);
+        m_dialog->show();
+        m_screen = screen();
     }
-    EXPECT_EQ(offered.join(' '), "0 10 20 30 40 50 60 70 80 90 100");
-    QTest::keyClick(field->view(), Qt::Key_Escape);
-    QWheelEvent wheel({}, {}, {0, 120}, {0, 120}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
-                      false);
-    QApplication::sendEvent(field, &wheel);
-    EXPECT_EQ(visit.after("press cboArms Down Up PgDown Backspace 0", "cboArms"), "20");
-    EXPECT_EQ(picks.count(), 0) << "a typed text that equals an entry is no pick";
-    EXPECT_EQ(visit.after("pick cboArms 100", "cboArms"), "100");
-    EXPECT_EQ(picks.count(), 1);
+
+    /// Does what one line says, and tells what has changed on the screen and in the report.
+    std::string act(const QString& what) {
+        const QString object = what.section(' ', 1);
+        m_told.clear();
+        if (what.startsWith("answer ")) {
+            m_answer = object == "No" ? ui::Answer::No : ui::Answer::Cancel;
+        } else if (what.startsWith("choose ")) {
+            test::find<QAction>(mainForm, qPrintable(object))->trigger();
+        } else if (what == "close") {
+            m_dialog->close();
+        } else if (what.startsWith("open ")) {
+            auto* list = test::find<QComboBox>(*m_dialog, qPrintable(object));
+            list->showPopup();
+            for (int row = 0; row < list->count(); ++row) {
+                m_told += (row == 0 ? "\n" : " ") + list->itemText(row);
+            }
+            QTest::keyClick(list->view(), Qt::Key_Escape);
+        } else {
+            test::act(*m_dialog, what);
+        }
+        m_told += QString::fromStdString(told());
+        const QMap<QString, QString> before = std::exchange(m_screen, screen());
+        for (auto shown = m_screen.begin(); shown != m_screen.end(); ++shown) {
+            if (before.value(shown.key()) != shown.value()) {
+                m_told += "\n" + shown.key() + " " + shown.value();
+            }
+        }
+        return m_told.mid(1).toStdString() + (m_told.isEmpty() ? "" : "\n");
+    }
+
+private:
+    /// What both windows show, by name; what cannot be used stands in brackets.
+    QMap<QString, QString> screen() {
+        QMap<QString, QString> shown;
+        for (QWidget* window : std::array<QWidget*, 2>{&mainForm, m_dialog.get()}) {
+            for (auto* control :
+                 window->findChildren<QWidget*>(QRegularExpression("^[a-z]{3}[A-Z]"))) {
+                if (control->window() == window && control->objectName() != "txtLog") {
+                    const QString text = '"' + test::textOf(*control) + '"';
+                    shown[control->objectName()] = control->isEnabled() ? text : '(' + text + ')';
+                }
+            }
+        }
+        const QWidget* focus = m_dialog->focusWidget();
+        shown["the focus"] = m_dialog->isVisible() && focus ? focus->objectName() : "";
+        shown["the window"] = m_dialog->isVisible() ? "open" : "closed";
+        shown["the time"] = QString::number(desktop.waited.count());
+        shown["saved"] = record.gblnGameSaved ? "yes" : "no";
+        for (const QUrl& link : desktop.openedLinks) {
+            shown["link"] = link.toString(QUrl::FullyEncoded);
+        }
+        return shown;
+    }
+
+    std::unique_ptr<QDialog> m_dialog;
+    QMap<QString, QString> m_screen;
+    QString m_told;
+    ui::Answer m_answer = ui::Answer::Yes;
+};
+
+TEST(Dialogs, HoldAsApproved) {
+    std::string all;
+    std::optional<Stage> stage;
+    std::ifstream file{ZHENBAO_APPROVED "/dialogs.txt"};
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with("> ")) {
+            stage.emplace(line.substr(2));
+        }
+        if (line.starts_with(">> ")) {
+            all += line + "\n" + stage->act(QString::fromStdString(line.substr(3)));
+        } else if (line.empty() || line.starts_with("# ") || line.starts_with("> ")) {
+            all += line + "\n";
+        }
+    }
+    test::expectApproved("dialogs.txt", all);
 }
 
-TEST(Trade, StaysOpenUntilTheOrderCanBeCarriedOut) {
-    Opened<ui::frmBuy> buying;
-    EXPECT_EQ(buying.after("paste cboOpium 6 chests", "cboOpium cmdBuy"), "6 chests; Buy");
-    EXPECT_EQ(buying.after("click optWarehouse", "cboOpium cmdBuy"), "0; (Buy)");
-    buying.act("click optShip");
-    buying.act("press cboSilk 5");
-    EXPECT_EQ(buying.after("click optShip", "cboSilk cmdBuy"), "0; (Buy)") << "chosen already";
-    buying.act("click cmdMaxGeneral");
-    buying.desktop.expect("Insufficient Funds   ");
-    buying.act("press cboSilk 1 Return Esc");
-    buying.act("press cboSilk Backspace Return");
-    EXPECT_EQ(buying.told(), "\n - Bought 60 General @ $14 Each");
-    EXPECT_FALSE(buying.dialog->isVisible());
-
-    Opened<ui::frmSell> selling([](GameState& state) {
-        state.gstrLocation = "Manila";
-        state.gcurSOpium = 2;
-        state.gcurSArms = 3;
-    });
-    selling.act("type cboSilk 5");
-    selling.act("click cmdMaxSilk");
-    EXPECT_EQ(selling.after("click cmdMaxArms", "optWarehouse cboSilk cboArms"),
-              "(Warehouse); 5; 3")
-        << "no stock of silk, so the text stays";
-    selling.act("click cmdSellAll");
-    EXPECT_EQ(selling.told(), "\n - Sold 2 Opium @ $12,000 Each\n - Sold 3 Arms @ $90 Each");
-}
-
-TEST(TwoSides, OneAtATimeUntilZeroIsPicked) {
-    Opened<ui::frmMoney> visit(rich);
-    EXPECT_EQ(visit.after("pick cboRepay $500", "lblBorrow cboBorrow"), "(Borrow:); ()");
-    EXPECT_EQ(visit.after("pick cboRepay $0", "lblBorrow cboBorrow"), "Borrow:; ");
-    EXPECT_EQ(visit.after("press cboBorrow 0 Tab", "cboRepay"), "($0)") << "typed, not picked";
-    EXPECT_EQ(visit.after("pick cboBorrow $0", "cboRepay"), "$0");
-}
-
-TEST(TwoSides, StayOpenToKeysThatTypeNothingAndToTheMouse) {
-    Opened<ui::frmVisit> visit(rich);
-    visit.act("press cboDeposit Tab Left Down X - Ctrl+A Ctrl+1");
-    EXPECT_EQ(visit.after("paste cboDeposit 1,500", "cboDeposit cboWithdraw"), "1,500; ");
-    EXPECT_EQ(visit.after("press cboDeposit Ctrl+V", "cboWithdraw"), "()");
-    visit.act("press cboDeposit Esc");
-    EXPECT_FALSE(visit.dialog->isVisible());
-    EXPECT_TRUE(visit.record.gblnGameSaved && visit.told().empty());
-}
-
-TEST(TwoSides, TheFirstStandsWhereTheSecondIsRefusedAndOkIsAChange) {
-    Opened<ui::frmVisit> visit(rich);
-    visit.find<QComboBox>("cboDeposit")->setEditText("$1,000");
-    visit.find<QComboBox>("cboWithdraw")->setEditText("1,301");
-    visit.mainForm.appendEntry(std::string(100, '\n'));
-    auto* report = test::find<QPlainTextEdit>(visit.mainForm, "txtLog");
-    report->moveCursor(QTextCursor::Start);
-    visit.told();
-    visit.desktop.expect("Insufficient Funds   ");
-    visit.act("press cboWithdraw Return");
-    EXPECT_TRUE(visit.dialog->isVisible() && report->textCursor().atEnd());
-    EXPECT_EQ(visit.told(), "\n - Deposited $1,000");
-    Opened<ui::frmVisit> idle;
-    idle.act("press cboDeposit Return");
-    EXPECT_FALSE(idle.record.gblnGameSaved || idle.dialog->isVisible());
-}
-
-TEST(MoneyLender, LendsOnceAVisitAndKnowsTheOption) {
-    Opened<ui::frmMoney> visit([](GameState& state) { state.gcurDebt = -210; });
-    visit.act("pick cboRepay -$210");
-    visit.desktop.expect("Over Payment   ");
-    visit.act("click cmdOK");
-    test::find<QAction>(visit.mainForm, "mnuMoneyItem")->toggle();
-    visit.act("click cmdOK");
-    EXPECT_EQ(visit.record.gcurDebt, -420);
-    EXPECT_EQ(test::shown(visit.mainForm, "cmdMoney"), "Money Lender");
-    Opened<ui::frmMoney> borrowing;
-    borrowing.act("press cboBorrow 2 0 0 Return");
-    EXPECT_EQ(borrowing.told(), "\n - Borrowed $200");
-    EXPECT_EQ(test::shown(borrowing.mainForm, "cmdMoney"), "(Money Lender)");
-}
-
-TEST(Transfer, TakesTheNegativeEntryOfACrowdedWarehouseForItsDigits) {
-    Opened<ui::frmTransfer> visit([](GameState& state) {
-        state.gcurSSilk = state.gcurHold = 20;
-        state.gcurWGeneral = 10'001;
-    });
-    EXPECT_EQ(visit.after("press cboShip S Space Down", "cboShip"), "Silk") << "by Down alone";
-    EXPECT_EQ(visit.after("paste cboWAmount 7", "cmdTransfer"), "Transfer");
-    visit.act("pick cboWarehouse General");
-    visit.act("pick cboShip Silk");
-    EXPECT_EQ(visit.after("pick cboWAmount 0", "cmdTransfer"), "(Transfer)");
-    visit.act("pick cboSAmount -1");
-    visit.desktop.expect("Insufficient Storage Space, Warehouse Limited to 10,000 units   ");
-    visit.act("click cmdTransfer");
-    visit.record.gcurWGeneral = 30;
-    visit.act("pick cboWAmount 30");
-    visit.act("click cmdTransfer");
-    EXPECT_EQ(visit.told(),
-              "\n - Transfered 30 General to Ship\n - Transfered -1 Silk to Warehouse");
-}
-
-TEST(NewGame, NamesTheFirmAndCannotBeLeftWhenOneIsOver) {
+TEST(NewGame, NamesTheFirm) {
     for (const auto& [typed, name] : {std::pair{"   ", "Zhenbao"},
                                       {"  acme trading ", "Acme trading"},
                                       {"école", "École"},
@@ -155,29 +140,6 @@ TEST(NewGame, NamesTheFirmAndCannotBeLeftWhenOneIsOver) {
                                       {"𐐨x", "𐐀x"}}) {
         EXPECT_EQ(ui::firmName(QString::fromUtf8(typed)).toStdString(), name);
     }
-    Opened<ui::frmNew> visit([](GameState& state) {
-        state.gblnActiveGame = false;
-        state.gblnGameOver = true;
-    });
-    visit.act("press txtFirm Esc");
-    visit.dialog->close();
-    EXPECT_TRUE(visit.dialog->isVisible());
-    visit.act("paste txtFirm a \"great\"\nfirm \u0007of far too many letters");
-    visit.act("type txtFirm \"");
-    visit.draws.add({0}, 4);
-    visit.act("press txtFirm Return");
-    EXPECT_EQ(visit.record.gstrFirm, "A great firm  of far t");
-    EXPECT_TRUE(visit.record.gblnGameSaved);
-}
-
-TEST(Battle, ShowsTheLargestFleetAndTakesNoKeyForAnOrder) {
-    Opened<ui::frmPirate> visit([](GameState& state) { state.gcurMaxHold = 480; }, {roll(46, 46)});
-    visit.act("press cmdRun Esc Return Enter");
-    EXPECT_EQ(visit.shown("txtEnemy txtStatus txtCannons"), "48; 100%; 0");
-    EXPECT_EQ(visit.dialog->focusWidget()->objectName(), "cmdRun");
-    EXPECT_EQ(visit.find<QLabel>("imgPirate0")->geometry(), QRect(8, 8, 32, 32));
-    EXPECT_EQ(visit.find<QLabel>("imgPirate47")->geometry(), QRect(376, 128, 32, 32));
-    EXPECT_TRUE(visit.dialog->isVisible() && visit.desktop.waited.count() == 0);
 }
 
 TEST(Battle, SinksShipsLineByLineWhileNothingElseCanBeOrdered) {
@@ -245,21 +207,6 @@ TEST(Help, ShowsFourTextsToBeReadAndDrawsItsInstructionsIn40Columns) {
     }));
     EXPECT_TRUE(QFontInfo(display->font()).fixedPitch());
     EXPECT_EQ(display->horizontalScrollBar()->maximum(), 0);
-}
-
-TEST(About, NamesItsVersionAndLeadsToItsPages) {
-    Opened<ui::frmAbout> visit;
-    EXPECT_EQ(visit.shown("lblVersion").find("Zhenbao for Windows v1.11\n"), 0U);
-    EXPECT_EQ(visit.find<QLabel>("PicShip")->pixmap().size(), QSize(200, 160));
-    for (const char* link : {"lblHomepage", "lblContact"}) {
-        auto* label = visit.find<QLabel>(link);
-        QTest::mouseClick(label, Qt::LeftButton, {}, QPoint(20, label->height() / 2));
-    }
-    EXPECT_EQ(visit.desktop.openedLinks, (QList<QUrl>{{"https://zhenbao.example/"},
-                                                      {"mailto:support@zhenbao.example?subject="
-                                                       "Zhenbao%20for%20Windows%20v1.10"}}));
-    visit.act("press lblHomepage Enter");
-    EXPECT_FALSE(visit.dialog->isVisible());
 }
 
 }  // namespace
