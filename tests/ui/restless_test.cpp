@@ -29,62 +29,19 @@ using game::Currency;
 using game::GameState;
 using ui::fromRules, ui::money, ui::plain;
 
+/// The lines of a text of tests/approved.
+QStringList linesOf(const char* name) {
+    QFile file(QString(ZHENBAO_APPROVED "/") + name);
+    return file.open(QIODevice::ReadOnly)
+               ? QString::fromUtf8(file.readAll()).split('\n', Qt::SkipEmptyParts)
+               : QStringList{};
+}
+
 /// The entries of the report. `#` is a number, `$#` money, `~` what was typed, `*` anything.
-const QStringList entries = QString(R"(Welcome Captain
-Game Loaded Successfully
-Game Saved Successfully
-Bought # * @ $# Each
-Sold ~ * @ $# Each
-Transfered * to Ship
-Transfered * to Warehouse
-Deposited $#
-Withdrew $#
-Borrowed $#
-Repayed $#
-Repaired *% of Ship for $#
-Bought a New Cannon for $#
-Bought a New Ship for $#
-Departing *
-The buggers hit a Cannon, Zhenbao
-You got some booty worth $#
-Zhenbao, we have been blown off course to *
-Zhenbao!, we have received #% Damage from a storm
-Arriving at ~
-Zhenbao, a ship's cannon is available for $#
-Zhenbao, you can trade in your ship for one with 50 more capacity| by paying an additional $#
-Bad Joss!  The local authorities have seized your opium|and fined you $#
-Bad Joss!  You have been beaten up and robbed of $#
-Bad Joss!  Messanger reports large theft from warehouse, Zhenbao!
-The price of * has risen to $#
-The price of * has dropped to $#
-Kwan Tat has sent a lieutenant, Zhenbao.  He says his admiral wishes|to see you in Hong Kong, Posthaste!
-Zhenbao, Dunmore from the Hong Kong Shipyards has arrived!  He says,| 'I see ye've a wee bit of damage to yer ship.  I can repair your ship'
-Payed $# in donation to the temple of Tin Hau
-)")
-                                .split('\n', Qt::SkipEmptyParts);
+const QStringList entries = linesOf("entries.txt");
 
 /// Text, title, icon and buttons: Enter presses the one with a plus, Escape that with a minus.
-const QStringList boxes = QString(R"(Insufficient Funds   |Sorry|Information OK+-
-Insufficient Funds     |Sorry|Information OK+-
-Insufficient Hold   |Sorry|Information OK+-
-Insufficient Hold     |Sorry|Information OK+-
-Insufficient Cargo   |Sorry|Information OK+-
-Insufficient Storage Space, Warehouse Limited to 10,000 units   |Sorry|Information OK+-
-Maximum Loan Exceeded (2 x Cash or 100 Million Maximum)   |Sorry|Information OK+-
-Over Payment   |Sorry|Information OK+-
-Adding Difference to Debt   |Not Enough Cash|Information OK+-
-You got some booty worth $#     |Zhenbao|Information OK+-
-Error Opening File   |*|Stop OK+-
-Error Saving File   |*|Stop OK+-
-Do you want to save the current game?   |Zhenbao|Exclamation Cancel- Yes+ No
-Do you really want to quit this game?   |Zhenbao|Question Yes No+-
-Do you want to quit this game?     |Zhenbao|Question Yes No+-
-Are you sure you want to dump all of your cargo.     |Dump Cargo|Question Yes No+-
-Kwan Tat asks for $# in donation to the temple of Tin Hau, the Sea Goddess.   |Will You Pay?|Question Yes No+-
-Zhenbao, you have sunk.  Would you like to play again?     |Game Over|Exclamation Yes+- No
-Zhenbao, you are Bankrupt.  Would you like to play again?   |Game Over|Exclamation Yes+- No
-)")
-                              .split('\n', Qt::SkipEmptyParts);
+const QStringList boxes = linesOf("boxes.txt");
 
 /// What else has to happen: windows by name and title, endings and all that.
 const QStringList others =
