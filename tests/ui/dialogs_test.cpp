@@ -162,6 +162,18 @@ TEST(Battle, SinksShipsLineByLineWhileNothingElseCanBeOrdered) {
     EXPECT_EQ(visit.dialog->focusWidget()->objectName(), "cmdFight");
 }
 
+TEST(Battle, AsksOnceWhetherToQuitAndThenQuits) {
+    Opened<ui::frmPirate> visit([](GameState&) {}, {roll(1, 4)});
+    int asked = 0;
+    visit.desktop.answer = [&](const ui::Box&) {
+        visit.dialog->close();  // behind the question
+        return ++asked == 1 ? ui::Answer::No : ui::Answer::Yes;
+    };
+    visit.dialog->close();
+    EXPECT_TRUE(asked == 1 && visit.dialog->isVisible());
+    EXPECT_THROW(visit.dialog->close(), test::ProgramEnded);
+}
+
 TEST(Statistics, CanBeLeftByItsButtonOnlyFromATrillionOn) {
     using Occasion = ui::frmStats::Occasion;
     for (const auto& [occasion, leaves] : {std::pair{Occasion::Menu, true},
