@@ -124,15 +124,10 @@ void frmPirate::focusOrder(QPushButton* preferred) {
 
 void frmPirate::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (m_asking) {
-        return;
-    }
-    m_asking = true;
     if (mainForm().desktop().confirm(this, QStringLiteral("Do you want to quit this game?     "),
                                      programName, Icon::Question, Answer::No)) {
         endProgram();
     }
-    m_asking = false;
 }
 
 void frmPirate::setOrderEnabled(game::BattleOrder order, bool enabled) {

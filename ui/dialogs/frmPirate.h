@@ -52,7 +52,6 @@ private:
     FleetView* picShips;
     std::array<QPushButton*, 4> m_orders{};
     game::Battle m_battle;
-    bool m_asking = false;
 };
 
 }  // namespace ui
