@@ -26,4 +26,23 @@ inline void expectApproved(const std::string& name, const std::string& told) {
     EXPECT_FALSE(std::getline(found, line)) << name << " knows no " << line;
 }
 
+/// Plays every script of such a file, the lines that begin with `>`, and compares what `play` tells
+/// of each. Headings and blank lines stay as they are.
+template <class Play>
+void expectScripts(const std::string& name, Play play) {
+    std::string told;
+    int scripts = 0;
+    std::ifstream file{ZHENBAO_APPROVED "/" + name};
+    for (std::string line; std::getline(file, line);) {
+        if (line.starts_with('>')) {
+            told += line + "\n" + play(line);
+            ++scripts;
+        } else if (line.empty() || line.starts_with("# ")) {
+            told += line + "\n";
+        }
+    }
+    EXPECT_GT(scripts, 0) << "nothing to play in " << name;
+    expectApproved(name, told);
+}
+
 }  // namespace test
