@@ -50,7 +50,9 @@ protected:
             QLabel::focusNextPrevChild(true);
         }
     }
-    bool focusNextPrevChild(bool next) override { return QFrame::focusNextPrevChild(next); }
+    bool focusNextPrevChild(bool next) override {
+        return QFrame::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call): see above
+    }
 };
 
 void writeToSupport(Desktop& desktop) {
