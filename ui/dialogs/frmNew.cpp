@@ -55,9 +55,9 @@ QString firmName(const QString& typed) {
     if (begin == end) {
         return fromRules(game::defaultFirm);
     }
-    QList<uint> name = typed.mid(begin, end - begin).toUcs4();
+    std::u32string name = typed.mid(begin, end - begin).toStdU32String();
     name.front() = QChar::toUpper(name.front());
-    return QString::fromUcs4(reinterpret_cast<const char32_t*>(name.constData()), name.size());
+    return QString::fromStdU32String(name);
 }
 
 frmNew::frmNew(MainForm& mainForm)
