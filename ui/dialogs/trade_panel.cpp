@@ -20,8 +20,7 @@ void keepLow(QWidget* control) {
 
 }  // namespace
 
-TradePanel::TradePanel(const Wording& wording, bool warehouseAllowed) {
-    m_right = new QVBoxLayout;
+TradePanel::TradePanel(const Wording& wording, bool warehouseAllowed) : m_right(new QVBoxLayout) {
     auto* columns = new QHBoxLayout(this);
     columns->setContentsMargins({});
     columns->addWidget(makeGoods(wording), 1);
