@@ -4,7 +4,6 @@
 
 #include <cmath>
 #include <deque>
-#include <initializer_list>
 #include <string>
 #include <vector>
 
@@ -17,15 +16,12 @@ inline double roll(int face, int sides) {
     return (face - 0.5) / sides;
 }
 
-inline constexpr double lowestDraw = 0.0;
-inline const double highestDraw = std::nextafter(1.0, 0.0);
-
 /// A draw as scripts write it: the face of a die ("3/25"), 0 for the lowest and 1 for the highest
 /// there are, or - for none of interest.
 inline double drawn(const std::string& die) {
     const std::size_t slash = die.find('/');
-    return die == "0"          ? lowestDraw
-           : die == "1"        ? highestDraw
+    return die == "0"          ? 0.0
+           : die == "1"        ? std::nextafter(1.0, 0.0)
            : slash == die.npos ? 0.99
                                : roll(std::stoi(die), std::stoi(die.substr(slash + 1)));
 }
@@ -33,9 +29,7 @@ inline double drawn(const std::string& die) {
 /// Chance as a test wants it. Running out of draws fails the test, and so does one left over.
 class ScriptedRandom final : public game::Random {
 public:
-    ScriptedRandom(std::initializer_list<double> draws = {}) : m_draws(draws) {}
-    explicit ScriptedRandom(const std::vector<double>& draws)
-        : m_draws(draws.begin(), draws.end()) {}
+    ScriptedRandom() = default;
     ScriptedRandom(const ScriptedRandom&) = delete;
     ScriptedRandom& operator=(const ScriptedRandom&) = delete;
     ~ScriptedRandom() override { EXPECT_EQ(m_draws.size(), 0U) << "draws left over"; }
