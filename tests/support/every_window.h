@@ -84,12 +84,13 @@ private:
             richest ? "Cannons=400 Status=83 Hold=9960 MaxHold=9960 SOpium=10000 SSilk=10000 "
                       "SArms=10000 SGeneral=10000 WOpium=10000 WSilk=10000 WArms=10000 "
                       "WGeneral=10000 POpium=250000 PSilk=25000 PArms=2500 PGeneral=250 "
-                      "Bank=999999999999 Debt=999999999999 Cash=999999999999 Millionaire=yes"
+                      "Bank=999999999999 Debt=999999999999 Cash=999999999999 Millionaire=yes "
+                      "Date=1862-09-15"
                     : "Cannons=6 Status=83 Hold=210 MaxHold=210 SOpium=75 SSilk=50 SArms=25 "
                       "WSilk=410 WArms=820 WGeneral=1230 POpium=19000 PSilk=1500 PArms=110 "
-                      "PGeneral=7 Bank=180400 Debt=23958 Cash=264815 Millionaire=yes");
-        state.gstrFirm = richest ? "Heron, Whitcombe & Moore" : "Heron & Sons";
-        state.gdtmDate = std::chrono::year{1862} / std::chrono::September / 15;
+                      "PGeneral=7 Bank=180400 Debt=23958 Cash=264815 Millionaire=yes "
+                      "Date=1862-09-15");
+        state.gstrFirm = richest ? "Heron, Whitcombe & Moore" : state.gstrFirm;
         m_mainForm.beginGame(" - Game Loaded Successfully");
         for (const std::string entry :
              {"Departing Hong Kong.........................", "Arriving at Manila",

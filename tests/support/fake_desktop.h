@@ -16,8 +16,8 @@ struct ProgramEnded : std::runtime_error {
     ProgramEnded() : std::runtime_error("the end") {}
 };
 
-/// A desktop without a screen: a box is answered by a function, files are chosen beforehand and time
-/// passes when it is asked to.
+/// A desktop without a screen: a box is answered by a function, files are chosen beforehand and
+/// time passes when it is asked to.
 struct FakeDesktop final : ui::Desktop {
     QString file;  ///< the next to load or to save; empty: the player cancels
     QUrl openedLink;

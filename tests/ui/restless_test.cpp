@@ -183,7 +183,8 @@ private:
         const auto ships = test::find<QWidget>(*m_top, "picShips")->findChildren<QLabel*>();
         const auto left = std::count_if(ships.begin(), ships.end(),
                                         [](const QLabel* ship) { return ship->isVisible(); });
-        const bool asked = test::shown(*m_top, "txtReport") == "Zhenbao, what shall we do?";
+        const bool asked =
+            test::textOf(*test::find<QWidget>(*m_top, "txtReport")) == "Zhenbao, what shall we do?";
         expectText("txtEnemy", QString::number(left));
         expectText("txtStatus", plain(m_now.gcurStatus) + '%');
         expectText("txtCannons", plain(m_now.gcurCannons));
