@@ -5,6 +5,7 @@
 
 #include <csignal>
 
+#include "approved.h"
 #include "game_file.h"
 #include "player.h"
 #include "qt_desktop.h"
@@ -63,47 +64,29 @@ TEST_F(GameFile, KeepsAnyNameAndReadsAccentsOfOtherSystems) {
     EXPECT_EQ(ui::readGameFile(file).gstrFirm, "H\u00E9ron \u20AC\u2014 & Sons");
 }
 
-TEST_F(GameFile, TellsWhyItCannotBeReadOrWritten) {
+TEST_F(GameFile, TellsWhyItCannotBeReadOrWrittenAsApproved) {
     write(path("zero"), textOf(oldGame).replace("Heron", QByteArray("\0", 1)));
     write(path("huge"), QByteArray(100'000'000, '"'));
-    ASSERT_TRUE(QFile::resize(path("huge"), 4LL << 30));
-    ASSERT_EQ(mkfifo(qPrintable(path("pipe")), 0666), 0);
-    ASSERT_TRUE(QFile::link("loop", path("loop")) && QFile::link("pipe", path("link")));
-    const GameState broken = test::newGameWith([](auto& s) { s.gstrFirm = "two\nlines"; });
-    struct Row {
-        QString name;
-        const GameState* state;
-        std::string failure;
-    };
-    for (const auto& [name, state, failure] :
-         {Row{"zero", nullptr, "Not a saved game"},
-          {"huge", nullptr, "Not a saved game"},
-          {"gone", nullptr, "No such file or directory"},
-          {".", nullptr, "Is a directory"},
-          {"pipe", nullptr, "Not a regular file"},
-          {"/dev/zero", nullptr, "Not a regular file"},
-          {".", &newGame, "Is a directory"},
-          {"pipe", &newGame, "Not a regular file"},
-          {"link", &newGame, "Not a regular file"},
-          {"loop", &newGame, "Too many levels of symbolic links"},
-          {"missing/game.zhb", &newGame, "No such file or directory"},
-          {QString(300, 'n'), &newGame, "File name too long"},
-          {"game.zhb", &broken, "The name of the firm cannot be saved"}}) {
-        EXPECT_EQ(failureOf(path(name), state), failure) << name.toStdString();
-    }
-    EXPECT_TRUE(QFileInfo(path("link")).isSymLink() && QFileInfo(path("loop")).isSymLink());
-    EXPECT_EQ(bytesOf(file), textOf(oldGame));
-}
-
-TEST_F(GameFile, IsWrittenInAFolderThatTakesNoNewOne) {
     write(path("ours"), textOf(oldGame));
-    ASSERT_EQ(chmod(qPrintable(path("ours")), 0666) + chmod(qPrintable(folder.path()), 0555), 0);
-    ASSERT_EQ(getuid() == 0 ? seteuid(65'534) : 0, 0);  // root may do everything
-    EXPECT_EQ(failureOf(path("new"), &newGame), "Permission denied");
-    EXPECT_EQ(failureOf(file, &newGame), getuid() == 0 ? "Permission denied" : "");
-    EXPECT_EQ(failureOf(path("ours"), &newGame), "");
-    ASSERT_EQ(seteuid(getuid()), 0);
+    ASSERT_TRUE(QFile::resize(path("huge"), 4LL << 30) && QFile::link("loop", path("loop")) &&
+                QFile::link("pipe", path("link")) && mkfifo(qPrintable(path("pipe")), 0666) == 0 &&
+                chmod(qPrintable(path("ours")), 0666) == 0 && chmod(qPrintable(file), 0444) == 0 &&
+                chmod(qPrintable(folder.path()), 0555) == 0);
+    test::expectScripts("files.txt", [this](const std::string& line) {
+        const QStringList words = QString::fromStdString(line).split(' ');
+        EXPECT_EQ(getuid() == 0 && words.endsWith("anybody") ? seteuid(65'534) : 0, 0);
+        const bool writes = words.at(1) == "write";
+        const std::string failure = failureOf(path(words.at(2)), writes ? &newGame : nullptr);
+        EXPECT_EQ(seteuid(getuid()), 0);
+        return failure.empty() ? "" : failure + "\n";
+    });
+    EXPECT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
     EXPECT_EQ(bytesOf(path("ours")), textOf(newGame));
+    const GameState broken = test::newGameWith([](auto& state) { state.gstrFirm = "two\nlines"; });
+    EXPECT_EQ(failureOf(file, &broken), "The name of the firm cannot be saved");
+    EXPECT_EQ(failureOf(path(QString(300, 'n')), &newGame), "File name too long");
+    EXPECT_EQ(bytesOf(file), textOf(oldGame));
+    EXPECT_TRUE(QFileInfo(path("link")).isSymLink() && QFileInfo(path("loop")).isSymLink());
 }
 
 TEST_F(GameFile, FollowsLinksAndKeepsThem) {
