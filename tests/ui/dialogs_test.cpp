@@ -6,6 +6,7 @@
 
 #include "approved.h"
 #include "every_window.h"
+#include "standing.h"
 
 namespace {
 
@@ -201,6 +202,15 @@ TEST(Windows, DoAsApproved) {
         stage.emplace(QString::fromStdString(line.substr(2)));
         return std::string{};
     });
+}
+
+TEST(Statistics, LetATrillionaireRetireWithoutAQuestion) {
+    test::FakeDesktop desktop;
+    test::Unlucky random;
+    ui::frmMain mainForm{desktop, random};
+    mainForm.state().gcurNetWorth = game::trillion;
+    ui::frmStats statistics{mainForm, ui::frmStats::Occasion::Trillionaire};
+    EXPECT_THROW(test::act(statistics, "click cmdRetire"), test::ProgramEnded);
 }
 
 TEST(Report, ShowsWhatIsKeptAndNoMore) {
