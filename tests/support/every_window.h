@@ -136,7 +136,7 @@ private:
              {ui::Box{.text = "Do you want to save the current game?   ",
              .buttons = {Answer::Yes, Answer::No, Answer::Cancel},
              .byDefault = Answer::No,
-             .onEscape = Answer::Cancel},
+             .onEscape = Answer::Yes},
               ui::Box{.text = "Insufficient Funds     ", .title = ui::refusalTitle},
               ui::Box{.text = "Error Opening File   ",
               .title = "Too many levels of symbolic links"}}) {
