@@ -154,6 +154,8 @@ private:
         }
         const QWidget* focus = m_window->focusWidget();
         const QWidget* sea = m_dialog ? m_dialog->findChild<QWidget*>("picShips") : nullptr;
+        const QWidget* modal = QApplication::activeModalWidget();
+        seen["on top"] = modal ? modal->objectName() : "";
         seen["the focus"] = m_window->isVisible() && focus ? focus->objectName() : "";
         seen["the window"] = m_window->isVisible() ? "open" : "closed";
         seen["the title"] = m_mainForm.windowTitle();
