@@ -7,20 +7,6 @@
 
 namespace test {
 
-/// Every figure that a saved game keeps.
-inline std::vector<game::Field> savedFigures() {
-    using game::GameState;
-    std::vector<game::Field> figures{&GameState::gcurCannons, &GameState::gcurStatus,
-                                     &GameState::gcurHold,    &GameState::gcurMaxHold,
-                                     &GameState::gcurBank,    &GameState::gcurDebt,
-                                     &GameState::gcurCash,    &GameState::gcurPayoff,
-                                     &GameState::gcurPCannon, &GameState::gcurPShip};
-    for (const game::GoodRow& good : game::goods) {
-        figures.insert(figures.end(), {good.ship, good.warehouse, good.price});
-    }
-    return figures;
-}
-
 /// Records that no play leads to, but a file can: all load, and none may do harm afterwards.
 inline std::vector<game::GameState> absurdGames() {
     using namespace std::chrono;
@@ -34,10 +20,12 @@ inline std::vector<game::GameState> absurdGames() {
     add(&GameState::gstrLocation, "", "hong kong", "Atlantis", "<h1>&Macao</h1>");
     add(&GameState::gstrFirm, "", "Smith & Sons", "<b>x</b><img src=y>",
         "\u202Eright to left\u2067", "two\u2028lines\u2029\r\x01", std::string(10'000'000, 'W'));
-    for (const game::Field figure : savedFigures()) {
-        add(figure, 0, -5, 1'000, 1'000'000'000, 100'000'000'000'000,
-            Currency::fromTenThousandths(1), Currency::highest(), Currency::lowest());
-    }
+    eachMember([&add](std::string_view /*name*/, auto member) {
+        if constexpr (std::is_same_v<decltype(member), game::Field>) {
+            add(member, 0, -5, 1'000, 1'000'000'000, 100'000'000'000'000,
+                Currency::fromTenThousandths(1), Currency::highest(), Currency::lowest());
+        }
+    });
     return games;
 }
 

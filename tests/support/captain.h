@@ -13,8 +13,10 @@
 #include "battle.h"
 #include "events.h"
 #include "money_lender.h"
+#include "new_game.h"
 #include "purchases.h"
 #include "shipyard.h"
+#include "standing.h"
 #include "trading.h"
 #include "transcript.h"
 #include "transfer.h"
@@ -28,14 +30,14 @@ class Captain : public Scene {
 public:
     static constexpr std::string_view deeds =
         "buy sell transfer deposit withdraw borrow repay repair mend cannon larger sail "
-        "arrive events visitors battle";
+        "arrive events visitors battle settle start port propose standing";
     static constexpr std::string_view orders = deeds.substr(0, deeds.find(" arrive"));
 
-    Captain(game::GameState& state, game::Random& random, Transcript* transcript = nullptr)
-        : Scene(transcript), m_state(state), m_random(random) {}
+    Captain(game::GameState& state, game::Random& random, bool writes = false)
+        : Scene(writes), m_state(state), m_random(random) {}
 
-    /// Fills an order in as its window does, and gives back its refusal or its messages; or plays
-    /// a part of a passage.
+    /// Fills an order in as its window does, and gives back its refusal or its messages; plays a
+    /// part of a passage; or asks how things stand.
     std::string play(std::size_t deed) {
         using namespace game;
         const auto carryOut = [&](const Refusal& refusal, auto apply, const auto&... filledIn) {
@@ -53,6 +55,7 @@ public:
             TradeOrder order{choose("ship ashore") == 0 ? Place::Ship : Place::Warehouse, {}};
             std::array<std::string, goods.size()> typed;
             for (const Good good : {Good::Opium, Good::Silk, Good::Arms, Good::General}) {
+                order.amounts.at(index(good)) = 99;  // typed before, it does not count any more
                 typed.at(index(good)) = type(buying ? mostToBuy(m_state, order, good)
                                                     : mostToSell(m_state, order.place, good));
                 order.amounts.at(index(good)) = MakeNumber(typed.at(index(good)));
@@ -60,12 +63,18 @@ public:
             return buying ? carryOut(refuseBuying(m_state, order), game::buy, order)
                           : carryOut(refuseSelling(m_state, order), game::sell, order, typed);
         };
+        const auto pay = [&](bool overPaymentAllowed) {
+            const auto refuse = [&](auto& payer, Currency sum) {
+                return refuseRepayment(payer, sum, overPaymentAllowed);
+            };
+            return move(mostToRepay(m_state), refuse, game::repay);
+        };
         const auto load = [&](Place destination) {
             const Good good = goods.at(choose("Opium Silk Arms General")).good;
             return Load{good, type(mostToTransfer(m_state, destination, good))};
         };
         const auto harbours = "Hongkong Shanghai Nagasaki Saigon Manila Singapore Batavia";
-        const std::array<std::function<std::string()>, 16> ways{
+        const std::array<std::function<std::string()>, 21> ways{
             [&] { return trade(true); },
             [&] { return trade(false); },
             [&] {
@@ -75,12 +84,7 @@ public:
             [&] { return move(mostToDeposit(m_state), refuseDeposit, deposit); },
             [&] { return move(mostToWithdraw(m_state), refuseWithdrawal, withdraw); },
             [&] { return move(maxLoan(m_state), refuseLoan, borrow); },
-            [&] {
-                const auto refuse = [](auto& payer, Currency sum) {
-                    return refuseRepayment(payer, sum, true);
-                };
-                return move(mostToRepay(m_state), refuse, repay);
-            },
+            [&] { return pay(true); },
             [&] {
                 const Currency offered =
                     offeredCondition(m_state, MakeNumber(type(m_state.gcurStatus + 1)));
@@ -93,7 +97,27 @@ public:
             [&] { return arrive(m_state, m_random, *this, "Manila"), ""; },
             [&] { return meetEvents(m_state, m_random, *this), ""; },
             [&] { return receiveVisitors(m_state, m_random, *this), ""; },
-            [&] { return showBattle(), ""; }};
+            [&] { return showBattle(), ""; },
+            [&] { return pay(false); },
+            [&] {
+                const auto scenario = static_cast<Scenario>(choose("debt cannons"));
+                return startGame(m_state, m_random, scenario, "Heron"), "";
+            },
+            [&] {
+                for (const Order order : game::orders) {
+                    if (const auto allowed = allowedInPort(m_state, order)) {
+                        setOrderEnabled(order, *allowed);
+                    }
+                }
+                return "";
+            },
+            [&] { return std::string{proposedPort(m_random, ports.at(choose(harbours)))}; },
+            [&] {
+                updateStanding(m_state);
+                return std::string{millionaireNoticeDue(m_state) ? " millionaire" : ""} +
+                       (isTrillionaire(m_state) ? " trillionaire" : "") +
+                       (isBankrupt(m_state) ? " bankrupt" : "");
+            }};
         return ways.at(deed)();
     }
 
@@ -104,7 +128,7 @@ protected:
 
     bool answer() override { return choose("yes no") == 0; }
     void showBattle() override {
-        Scene::showBattle();
+        tell(" ", game::attackers(m_state));
         finished = false;
         game::Battle battle(m_state, m_random, *this);
         for (battle.open(); !finished && !leaves();) {

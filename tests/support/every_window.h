@@ -18,27 +18,26 @@
 
 namespace test {
 
-/// A house in its third year. The richest shows the longest figures that play leads to.
-inline game::GameState houseOf(bool richest) {
-    game::GameState state = newGame();
-    state.gdtmDate = std::chrono::year{1862} / std::chrono::November / 15;
-    state.gstrFirm = richest ? "Heron, Whitcombe & Moore" : "Heron & Sons";
-    state.gblnMillionaire = true;
-    state.gcurCash = richest ? 999'999'999'999 : 264'815;
-    state.gcurBank = richest ? 999'999'999'999 : 180'400;
-    state.gcurDebt = richest ? 999'999'999'999 : 23'958;
-    state.gcurCannons = richest ? 400 : 6;
-    state.gcurStatus = 83;
-    state.gcurMaxHold = richest ? 9'960 : 210;
-    for (const game::GoodRow& good : game::goods) {
-        const int row = static_cast<int>(game::index(good.good));
-        state.*good.ship = richest ? 10'000 : 75 - 25 * row;
-        state.*good.warehouse = richest ? 10'000 : 410 * row;
-        state.*good.price = game::Currency{good.priceStep} * (richest ? 250 : 19 - 4 * row);
-    }
-    state.gcurHold = richest ? 9'960 : 210;
-    return state;
+template <class Dialog, auto... arguments>
+std::unique_ptr<QDialog> make(ui::MainForm& mainForm) {
+    return std::make_unique<Dialog>(mainForm, arguments...);
 }
+
+/// Every dialog by its name, made as the main window makes it.
+inline const std::map<QString, std::unique_ptr<QDialog> (*)(ui::MainForm&)> dialogs{
+    {"frmAbout", make<ui::frmAbout>},
+    {"frmBuy", make<ui::frmBuy>},
+    {"frmHelp", make<ui::frmHelp>},
+    {"frmLeave", make<ui::frmLeave>},
+    {"frmMoney", make<ui::frmMoney>},
+    {"frmNew", make<ui::frmNew>},
+    {"frmPirate", make<ui::frmPirate>},
+    {"frmRepair", make<ui::frmRepair>},
+    {"frmSell", make<ui::frmSell>},
+    {"frmStats", make<ui::frmStats, ui::frmStats::Occasion::Menu>},
+    {"frmStats-trillionaire", make<ui::frmStats, ui::frmStats::Occasion::Trillionaire>},
+    {"frmTransfer", make<ui::frmTransfer>},
+    {"frmVisit", make<ui::frmVisit>}};
 
 /// Chance at its worst: the largest fleet, no escape, every shot taken.
 struct Unlucky final : game::Random {
@@ -52,53 +51,46 @@ class EveryWindow {
 public:
     using Visitor = std::function<void(QWidget& window, const QString& name)>;
 
-    EveryWindow(bool richest, Visitor visit)
-        : m_state(houseOf(richest)), m_visit(std::move(visit)) {
-        visitMainForm();
-        const QString units = ui::plain(m_state.gcurMaxHold);
-        visitForm<ui::frmBuy>(units);
-        visitForm<ui::frmSell>(units);
-        visitForm<ui::frmTransfer>(units);
-        visitForm<ui::frmVisit>(ui::money(m_state.gcurCash));
-        visitForm<ui::frmMoney>(ui::money(m_state.gcurDebt));
-        visitForm<ui::frmLeave>({});
-        visitForm<ui::frmRepair>({});
-        visitForm<ui::frmNew>({});
-        using Occasion = ui::frmStats::Occasion;
-        visitForm<ui::frmStats>({}, Occasion::Menu);
-        visitForm<ui::frmStats>({}, Occasion::Trillionaire);
-        visitForm<ui::frmAbout>({});
-        ui::frmHelp help{m_mainForm};
-        for (const char* page : {"Introduction", "Intructions", "Hints", "Money"}) {
-            act(help, QString("click cmd") + page);
-            visitWindow(help, QString("-") + page);
+    /// In the third year of a house. The richest shows the longest figures that play leads to.
+    EveryWindow(bool richest, Visitor visit) : m_visit(std::move(visit)) {
+        visitMainForm(richest);
+        for (const auto& [name, open] : dialogs) {
+            const auto dialog = open(m_mainForm);
+            for (auto* field : dialog->findChildren<ui::AmountField*>()) {
+                const bool units = dialog->findChild<QWidget*>("cboOpium") || name == "frmTransfer";
+                field->setEditText(units ? ui::plain(m_mainForm.state().gcurMaxHold)
+                                         : ui::money(m_mainForm.state().gcurDebt));
+            }
+            visitWindow(*dialog, name);
+            if (name == "frmHelp") {
+                visitPages(*dialog);
+            } else if (name == "frmPirate") {
+                visitBattle(*dialog);
+            }
         }
-        help.close();
-        visitBattle();
         visitBoxes();
     }
 
 private:
-    void visitWindow(QWidget& window, const QString& state = {}) {
-        const QString name = window.objectName() + state;
+    void visitWindow(QWidget& window, const QString& name) {
         SCOPED_TRACE(name.toStdString());
         window.show();
         m_visit(window, name);
     }
 
-    /// A dialog whose amounts all read `amount`.
-    template <class Dialog, class... Arguments>
-    void visitForm(const QString& amount, Arguments... arguments) {
-        Dialog form{m_mainForm, arguments...};
-        for (auto* field : form.template findChildren<ui::AmountField*>()) {
-            field->setEditText(amount);
-        }
-        visitWindow(form);
-    }
-
-    void visitMainForm() {
-        visitWindow(m_mainForm, "-start");
-        game::GameDate& date = (m_mainForm.state() = m_state).gdtmDate -= std::chrono::months{2};
+    void visitMainForm(bool richest) {
+        visitWindow(m_mainForm, "frmMain-start");
+        game::GameState& state = m_mainForm.state() = newGame(
+            richest ? "Cannons=400 Status=83 Hold=9960 MaxHold=9960 SOpium=10000 SSilk=10000 "
+                      "SArms=10000 SGeneral=10000 WOpium=10000 WSilk=10000 WArms=10000 "
+                      "WGeneral=10000 POpium=250000 PSilk=25000 PArms=2500 PGeneral=250 "
+                      "Bank=999999999999 Debt=999999999999 Cash=999999999999 Millionaire=yes "
+                      "Date=1862-09-15"
+                    : "Cannons=6 Status=83 Hold=210 MaxHold=210 SOpium=75 SSilk=50 SArms=25 "
+                      "WSilk=410 WArms=820 WGeneral=1230 POpium=19000 PSilk=1500 PArms=110 "
+                      "PGeneral=7 Bank=180400 Debt=23958 Cash=264815 Millionaire=yes "
+                      "Date=1862-09-15");
+        state.gstrFirm = richest ? "Heron, Whitcombe & Moore" : state.gstrFirm;
         m_mainForm.beginGame(" - Game Loaded Successfully");
         for (const std::string entry :
              {"Departing Hong Kong.........................", "Arriving at Manila",
@@ -106,29 +98,35 @@ private:
               "Bought 50 Silk @ $1,100 Each", "Departing Manila.........................",
               "You got some booty worth $4,380", "Arriving at Hong Kong",
               "Zhenbao, you can trade in your ship for one with 50 more capacity"}) {
-            date = entry.starts_with("Arriving") ? game::oneMonthLater(date) : date;
+            const bool arriving = entry.starts_with("Arriving");
+            state.gdtmDate = arriving ? game::oneMonthLater(state.gdtmDate) : state.gdtmDate;
             m_mainForm.appendEntry(" - " + entry);
         }
         m_mainForm.setOrderEnabled(game::Order::Ship, true);
         m_mainForm.UpdateMainForm();
-        visitWindow(m_mainForm);
-        for (const auto& [alert, name] :
-             {std::pair{game::Alert::News, "-news"}, {game::Alert::Misfortune, "-misfortune"}}) {
+        visitWindow(m_mainForm, "frmMain");
+        for (const auto& [alert, name] : {std::pair{game::Alert::News, "frmMain-news"},
+                                          {game::Alert::Misfortune, "frmMain-misfortune"}}) {
             m_desktop.duringWait = [&] { visitWindow(m_mainForm, name); };
             m_mainForm.flashReport(alert);
         }
     }
 
-    /// As it opens; running in vain, which has the longest report; and hit.
-    void visitBattle() {
-        ui::frmPirate battle{m_mainForm};
-        visitWindow(battle);
+    void visitPages(QDialog& dialog) {
+        for (const char* page : {"cmdIntructions", "cmdHints", "cmdMoney"}) {
+            act(dialog, QString("click ") + page);
+            visitWindow(dialog, QString("frmHelp-") + page);
+        }
+    }
+
+    /// Running in vain, which has the longest report; and hit.
+    void visitBattle(QDialog& dialog) {
         m_desktop.duringWait = [&, waits = 0]() mutable {
             if (++waits == 2 || waits == 4) {
-                visitWindow(battle, waits == 2 ? "-chase" : "-hit");
+                visitWindow(dialog, waits == 2 ? "frmPirate-chase" : "frmPirate-hit");
             }
         };
-        act(battle, "click cmdRun");
+        act(dialog, "click cmdRun");
         m_desktop.duringWait = [] {};
     }
 
@@ -136,19 +134,20 @@ private:
         using ui::Answer;
         for (const ui::Box& box :
              {ui::Box{.text = "Do you want to save the current game?   ",
-             .buttons = {Answer::Yes, Answer::No, Answer::Cancel}},
+             .buttons = {Answer::Yes, Answer::No, Answer::Cancel},
+             .byDefault = Answer::No,
+             .onEscape = Answer::Yes},
               ui::Box{.text = "Insufficient Funds     ", .title = ui::refusalTitle},
               ui::Box{.text = "Error Opening File   ",
               .title = "Too many levels of symbolic links"}}) {
             inNextDialog([&](QDialog& dialog) {
-                visitWindow(dialog);
-                dialog.done(0);
+                visitWindow(dialog, "msgBox");
+                QTest::keyClick(&dialog, Qt::Key_Escape);
             });
-            ui::QtDesktop().show(&m_mainForm, box);
+            EXPECT_EQ(ui::QtDesktop().show(&m_mainForm, box), box.onEscape);
         }
     }
 
-    game::GameState m_state;
     Visitor m_visit;
     Unlucky m_random;
     FakeDesktop m_desktop;

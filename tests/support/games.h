@@ -1,6 +1,5 @@
 #pragma once
 
-#include <iterator>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -10,46 +9,59 @@
 
 namespace test {
 
-/// Visits the whole record member by member, each with its name; first what a saved game holds.
+/// Visits the whole record member by member, each with its name.
 template <class Visit>
 void eachMember(Visit visit) {
     using G = game::GameState;
-    std::istringstream names(
-        "Date Firm At Cannons Status Hold MaxHold SOpium SSilk SArms SGeneral WOpium WSilk WArms "
-        "WGeneral POpium PSilk PArms PGeneral Bank Debt Cash PCannon PShip Payoff Millionaire "
-        "Active Saved Over NetWorth Score Rank");
-    const auto visitAll = [&](auto... member) {
-        (visit(*std::istream_iterator<std::string>(names), member), ...);
-    };
-    visitAll(&G::gdtmDate, &G::gstrFirm, &G::gstrLocation, &G::gcurCannons, &G::gcurStatus,
-             &G::gcurHold, &G::gcurMaxHold, &G::gcurSOpium, &G::gcurSSilk, &G::gcurSArms,
-             &G::gcurSGeneral, &G::gcurWOpium, &G::gcurWSilk, &G::gcurWArms, &G::gcurWGeneral,
-             &G::gcurPOpium, &G::gcurPSilk, &G::gcurPArms, &G::gcurPGeneral, &G::gcurBank,
-             &G::gcurDebt, &G::gcurCash, &G::gcurPCannon, &G::gcurPShip, &G::gcurPayoff,
-             &G::gblnMillionaire, &G::gblnActiveGame, &G::gblnGameSaved, &G::gblnGameOver,
-             &G::gcurNetWorth, &G::gcurRank, &G::gstrRank);
+    visit("Date", &G::gdtmDate), visit("Firm", &G::gstrFirm), visit("At", &G::gstrLocation),
+        visit("Cannons", &G::gcurCannons), visit("Status", &G::gcurStatus),
+        visit("Hold", &G::gcurHold), visit("MaxHold", &G::gcurMaxHold),
+        visit("SOpium", &G::gcurSOpium), visit("SSilk", &G::gcurSSilk),
+        visit("SArms", &G::gcurSArms), visit("SGeneral", &G::gcurSGeneral),
+        visit("WOpium", &G::gcurWOpium), visit("WSilk", &G::gcurWSilk),
+        visit("WArms", &G::gcurWArms), visit("WGeneral", &G::gcurWGeneral),
+        visit("POpium", &G::gcurPOpium), visit("PSilk", &G::gcurPSilk),
+        visit("PArms", &G::gcurPArms), visit("PGeneral", &G::gcurPGeneral),
+        visit("Bank", &G::gcurBank), visit("Debt", &G::gcurDebt), visit("Cash", &G::gcurCash),
+        visit("PCannon", &G::gcurPCannon), visit("PShip", &G::gcurPShip),
+        visit("Payoff", &G::gcurPayoff), visit("Millionaire", &G::gblnMillionaire),
+        visit("Active", &G::gblnActiveGame), visit("Saved", &G::gblnGameSaved),
+        visit("Over", &G::gblnGameOver), visit("NetWorth", &G::gcurNetWorth),
+        visit("Score", &G::gcurRank), visit("Rank", &G::gstrRank);
 }
 
+/// A member of the record as scripts write it, and as they tell it.
+struct Figure {
+    static void read(const std::string& text, game::Currency& amount) {
+        amount = game::readDecimal(text).value();
+    }
+    static void read(const std::string& text, game::GameDate& date) {
+        const auto number = [&](std::size_t from) { return std::stoi(text.substr(from)); };
+        date = std::chrono::year{number(0)} / number(5) / number(8);
+    }
+    static void read(const std::string& text, std::string& name) { name = text; }
+    static void read(const std::string& text, bool& flag) { flag = text == "yes"; }
+
+    static std::string told(game::Currency amount) { return plainText(amount); }
+    static std::string told(const game::GameDate& date) { return game::dateText(date); }
+    static std::string told(const std::string& name) { return name; }
+    static std::string told(bool flag) { return flag ? "yes" : "no"; }
+};
+
 /// A game just started: Hong Kong, $1,000 cash, no debt, no cannons, an empty hold of 60, prices
-/// 12,000, 1,100, 90 and 14. A case changes what it is about, as in "At=Manila Cash=22.5".
+/// 12,000, 1,100, 90 and 14. A case changes what it is about, as in "Date=1860-02-15 Cash=22.5".
 inline game::GameState newGame(const std::string& figures = {}) {
-    ScriptedRandom prices{roll(8, 21), roll(7, 21), roll(5, 21), roll(10, 21)};
+    game::Generator prices(0);
     game::GameState state;
     game::startGame(state, prices, game::Scenario::CashAndDebt, "Heron & Sons");
-    state.gcurCash = 1'000;
-    state.gcurDebt = 0;
-    state.gblnGameSaved = true;
-
-    std::istringstream words(figures);
+    std::istringstream words(
+        "Cash=1000 Debt=0 POpium=12000 PSilk=1100 PArms=90 PGeneral=14 Saved=yes " + figures);
     for (std::string name, value; std::getline(words >> std::ws, name, '=') && words >> value;) {
         eachMember([&](std::string_view known, auto member) {
-            if constexpr (std::is_same_v<decltype(member), game::Field>) {
-                state.*member = known == name ? game::readDecimal(value).value() : state.*member;
-            } else if constexpr (std::is_same_v<decltype(member), bool game::GameState::*>) {
-                state.*member = known == name ? value == "yes" : state.*member;
+            if (known == name) {
+                Figure::read(value, state.*member);
             }
         });
-        state.gstrLocation = name == "At" ? value : state.gstrLocation;
     }
     return state;
 }
@@ -62,19 +74,12 @@ game::GameState newGameWith(Change change) {
     return state;
 }
 
-struct Written {
-    static std::string text(game::Currency amount) { return plainText(amount); }
-    static std::string text(const game::GameDate& date) { return game::dateText(date); }
-    static std::string text(const std::string& text) { return text; }
-    static std::string text(bool flag) { return flag ? "yes" : "no"; }
-};
-
 /// Every member that differs, as in " At=Manila Cash=0 Saved=no".
 inline std::string changes(const game::GameState& before, const game::GameState& after) {
     std::string told;
     eachMember([&](std::string_view name, auto member) {
         if (before.*member != after.*member) {
-            told.append(" ").append(name).append("=").append(Written::text(after.*member));
+            told.append(" ").append(name).append("=").append(Figure::told(after.*member));
         }
     });
     return told;

@@ -3,33 +3,19 @@
 #include <array>
 #include <string>
 #include <string_view>
-#include <utility>
 
 #include "battle_scene.h"
 #include "voyage_scene.h"
 
 namespace test {
 
-/// What a story told to its scene, one line an entry or report, with what else happens behind it.
-class Transcript {
-public:
-    void line(std::string_view text) { m_text.append(m_text.empty() ? "" : "\n").append(text); }
-    void tail(std::string_view text) { m_text.append(text); }
-    [[nodiscard]] std::string take() {
-        tail(m_text.empty() ? "" : "\n");
-        return std::exchange(m_text, {});
-    }
-
-private:
-    std::string m_text;
-};
-
-/// A voyage and its battles watched by nobody, written down where there is a transcript.
+/// A voyage and its battles watched by nobody, or by a writer: one line an entry or report, with
+/// what else happens behind it.
 class Scene : public game::VoyageScene, public game::BattleScene {
 public:
-    explicit Scene(Transcript* transcript = nullptr) : m_transcript(transcript) {}
+    explicit Scene(bool writes = false) : m_writes(writes) {}
 
-    int battles = 0;
+    std::string told;
     bool finished = false;
 
     void appendEntry(std::string_view message, std::string_view continuation) override {
@@ -52,14 +38,13 @@ public:
     }
     void setAtSea(bool atSea) override { tell(atSea ? " at sea" : " in port"); }
     bool ask(std::string_view text, std::string_view title) override {
-        line("[", title, "] ", text);
-        return answer();
+        return inform(text, title), answer();
     }
     void inform(std::string_view text, std::string_view title) override {
         line("[", title, "] ", text);
     }
     void inform(std::string_view text) override { line("[] ", text); }
-    void showBattle() override { tell(" battle"), ++battles; }
+    void showBattle() override {}
     void showFleet(game::Currency ships) override { tell(" fleet:", ships); }
     void showStatus(game::Currency percent) override { tell(" status:", percent); }
     void showCannons(game::Currency cannons) override { tell(" cannons:", cannons); }
@@ -76,24 +61,23 @@ protected:
     /// Yes to every question, unless someone knows better.
     virtual bool answer() { return true; }
 
-private:
-    static std::string_view text(std::string_view part) { return part; }
-    static std::string text(game::Currency part) { return plainText(part); }
-    static std::string text(game::Milliseconds part) { return std::to_string(part.count()); }
     template <class... Parts>
     void tell(const Parts&... parts) {
-        if (m_transcript != nullptr) {
-            (m_transcript->tail(text(parts)), ...);
+        if (m_writes) {
+            (told.append(text(parts)), ...);
         }
     }
     template <class... Parts>
     void line(const Parts&... parts) {
-        if (m_transcript != nullptr) {
-            m_transcript->line("");
-            tell(parts...);
-        }
+        tell(told.empty() ? "" : "\n", parts...);
     }
-    Transcript* m_transcript;
+
+private:
+    static std::string_view text(std::string_view part) { return part; }
+    static std::string text(game::Currency part) { return plainText(part); }
+    static std::string text(game::Milliseconds part) { return std::to_string(part.count()); }
+
+    bool m_writes;
 };
 
 }  // namespace test

@@ -1,217 +1,234 @@
-// What the dialogs do, as scripts and where no script reaches.
+// What the windows do, as scripts and where no script reaches.
+
+#include <private/qguiapplication_p.h>
+#include <qpa/qplatformaccessibility.h>
+#include <qpa/qplatformintegration.h>
 
 #include "approved.h"
-#include "frmAbout.h"
-#include "frmBuy.h"
-#include "frmHelp.h"
-#include "frmLeave.h"
-#include "frmMoney.h"
-#include "frmNew.h"
-#include "frmPirate.h"
-#include "frmRepair.h"
-#include "frmSell.h"
-#include "frmStats.h"
-#include "frmTransfer.h"
-#include "frmVisit.h"
-#include "player.h"
+#include "every_window.h"
 #include "standing.h"
-
-using game::GameState;
-using test::Opened;
-using test::roll;
 
 namespace {
 
-template <class Dialog>
-std::unique_ptr<QDialog> make(ui::MainForm& mainForm) {
-    return std::make_unique<Dialog>(mainForm);
-}
-const std::map<std::string, std::unique_ptr<QDialog> (*)(ui::MainForm&)> dialogs{
-    {"frmAbout", make<ui::frmAbout>},       {"frmBuy", make<ui::frmBuy>},
-    {"frmLeave", make<ui::frmLeave>},       {"frmMoney", make<ui::frmMoney>},
-    {"frmNew", make<ui::frmNew>},           {"frmPirate", make<ui::frmPirate>},
-    {"frmRepair", make<ui::frmRepair>},     {"frmSell", make<ui::frmSell>},
-    {"frmTransfer", make<ui::frmTransfer>}, {"frmVisit", make<ui::frmVisit>}};
+/// A desktop whose animations are switched off.
+struct StillStyle final : QProxyStyle {
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* data) const override {
+        return hint == SH_Widget_Animation_Duration
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, data);
+    }
+};
 
-/// A dialog over the main window, in which a script is played.
-class Stage : test::Playing {
+QString heard;  ///< what screen readers are told of the report since it was asked for last
+
+void hear(QAccessibleEvent* event) {
+    if (event->type() == QAccessible::TextInserted && event->object()->objectName() == "txtLog") {
+        const auto* inserted = static_cast<QAccessibleTextInsertEvent*>(event);
+        heard += (inserted->changePosition() == 0 ? "\n" : "") + inserted->textInserted();
+    }
+}
+
+/// The main window, and over it the dialog that a script is about.
+class Stage final : game::Random {
 public:
-    /// "frmBuy Cash=500 | 1/4": the dialog, the figures of its game and the draws to come.
-    explicit Stage(const std::string& opening) {
-        const std::size_t bar = std::min(opening.find(" |"), opening.size());
-        const std::string name = opening.substr(0, opening.find(' '));
-        go(test::newGame(opening.substr(name.size(), bar - name.size())));
-        std::istringstream dice(opening.substr(std::min(bar + 2, opening.size())));
-        for (std::string die; dice >> die;) {
-            draws.add({test::drawn(die)});
+    /// "frmBuy Cash=500 | 1/4": the window, the figures of its game and the draws to come.
+    explicit Stage(const QString& opening) {
+        const QString name = opening.section(' ', 0, 0);
+        for (const QString& die : opening.section('|', 1).split(' ', Qt::SkipEmptyParts)) {
+            m_draws += QStringList(std::max(1, die.chopped(1).toInt()), die);  // "25-" are 25
         }
-        desktop.answer = [this](const ui::Box& box) {
+        m_desktop.answer = [this](const ui::Box& box) {
             m_told += "\n[" + box.title + "] " + box.text;
             return std::exchange(m_answer, ui::Answer::Yes);
         };
-        m_dialog = dialogs.at(name)(mainForm);
-        m_dialog->show();
-        m_screen = screen();
+        m_desktop.duringWait = [this] {
+            if (const QString what = m_meanwhile.take(++m_waits); !what.isEmpty()) {
+                perform(*m_window, what);
+                tellChanges();
+            }
+        };
+        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
+        QAccessible::installUpdateHandler(hear);
+        m_mainForm.show();
+        if (name != "nothing") {
+            m_game = test::newGame(opening.section('|', 0, 0).section(' ', 1).toStdString());
+            m_mainForm.beginGame(" - Welcome Captain");
+            m_mainForm.UpdateMainForm();
+        }
+        if (const auto dialog = test::dialogs.find(name); dialog != test::dialogs.end()) {
+            m_dialog = dialog->second(m_mainForm);
+            m_dialog->show();
+            m_window = m_dialog.get();
+        }
+        tellChanges();
     }
 
-    /// Does what one line says, and tells what has changed on the screen and in the report.
-    std::string act(const QString& what) {
-        const QString object = what.section(' ', 1);
+    ~Stage() override { EXPECT_EQ(m_draws.size(), 0) << "draws left over"; }
+
+    /// Does what one line says, behind each further > in the dialog that is on top by then, and
+    /// tells what has changed on the screen and in the report.
+    std::string act(const QString& line) {
+        const QString what = line.section(' ', 1);
         m_told.clear();
-        if (what.startsWith("answer ")) {
-            m_answer = object == "No" ? ui::Answer::No : ui::Answer::Cancel;
-        } else if (what.startsWith("choose ")) {
-            test::find<QAction>(mainForm, qPrintable(object))->trigger();
-        } else if (what == "close") {
-            m_dialog->close();
-        } else if (what.startsWith("open ")) {
-            auto* list = test::find<QComboBox>(*m_dialog, qPrintable(object));
-            list->showPopup();
-            for (int row = 0; row < list->count(); ++row) {
-                m_told += (row == 0 ? "\n" : " ") + list->itemText(row);
-            }
-            QTest::keyClick(list->view(), Qt::Key_Escape);
+        m_waits = 0;
+        if (line.startsWith("answer ")) {
+            m_answer = what == "No" ? ui::Answer::No : ui::Answer::Cancel;
+        } else if (line.startsWith("file ")) {
+            m_desktop.file = m_folder.filePath(what);
+        } else if (line.startsWith("wait ")) {
+            m_meanwhile[what.section(' ', 0, 0).toInt()] = what.section(' ', 1);
+        } else if (line == "animations off") {
+            m_mainForm.setStyle(&m_still);
+            m_window->setStyle(&m_still);
         } else {
-            test::act(*m_dialog, what);
-        }
-        m_told += QString::fromStdString(told());
-        const QMap<QString, QString> before = std::exchange(m_screen, screen());
-        for (auto shown = m_screen.begin(); shown != m_screen.end(); ++shown) {
-            if (before.value(shown.key()) != shown.value()) {
-                m_told += "\n" + shown.key() + " " + shown.value();
+            const QStringList acts = line.split(" > ");
+            performInDialogs(acts.mid(1));
+            try {
+                perform(*m_window, acts.front());
+            } catch (const std::exception& end) {
+                m_told += QString("\n") + end.what();
             }
+            QCoreApplication::sendPostedEvents(qApp);
+            tellChanges();
         }
         return m_told.mid(1).toStdString() + (m_told.isEmpty() ? "" : "\n");
     }
 
 private:
-    /// What both windows show, by name; what cannot be used stands in brackets.
+    double Rnd() override {
+        return m_draws.isEmpty() ? throw std::runtime_error("no draws left")
+                                 : test::drawn(m_draws.takeFirst().toStdString());
+    }
+
+    void perform(QWidget& window, const QString& what) {
+        const QString object = what.section(' ', 1);
+        if (what.startsWith("choose ")) {
+            test::find<QAction>(m_mainForm, object)->trigger();
+        } else if (what == "close") {
+            window.close();
+        } else if (what.startsWith("open ")) {
+            auto* list = test::find<QComboBox>(window, object);
+            list->showPopup();
+            for (int row = 0; row < list->count(); ++row) {
+                m_told += (row == 0 ? "\n" : " ") + list->itemText(row);
+            }
+            QTest::keyClick(list->view(), Qt::Key_Escape);
+        } else if (what.startsWith("look ")) {
+            m_told += '\n' + object + ' ' + shown(*test::find<QWidget>(window, object));
+        } else {
+            test::act(window, what);
+        }
+    }
+    void performInDialogs(const QStringList& acts) {
+        const auto performNext = [this, acts] {
+            auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            EXPECT_EQ(top == nullptr, acts.isEmpty()) << "a dialog more or less than in the script";
+            if (top != nullptr) {
+                performInDialogs(acts.mid(1));
+                acts.isEmpty() ? top->done(0) : perform(*top, acts.front());
+            }
+        };
+        QMetaObject::invokeMethod(qApp, performNext, Qt::QueuedConnection);
+    }
+
+    /// What a control shows. What cannot be used stands in brackets; a long text is cut short.
+    static QString shown(const QWidget& control) {
+        const auto* label = qobject_cast<const QLabel*>(&control);
+        QString text = label != nullptr && !label->pixmap().isNull()
+                           ? QString("%1 high").arg(label->isVisible() ? label->height() : 0)
+                           : test::textOf(control).replace('\n', '|');
+        text = text.size() > 80 ? text.left(40) + " ... " + text.right(40) : text;
+        return control.isEnabled() ? '"' + text + '"' : "(\"" + text + "\")";
+    }
+    /// What both windows show, by name.
     QMap<QString, QString> screen() {
-        QMap<QString, QString> shown;
-        for (QWidget* window : std::array<QWidget*, 2>{&mainForm, m_dialog.get()}) {
-            for (auto* control :
-                 window->findChildren<QWidget*>(QRegularExpression("^[a-z]{3}[A-Z]"))) {
-                if (control->window() == window && control->objectName() != "txtLog") {
-                    const QString text = '"' + test::textOf(*control) + '"';
-                    shown[control->objectName()] = control->isEnabled() ? text : '(' + text + ')';
+        QMap<QString, QString> seen;
+        const QRegularExpression named("^[a-z]{3}[A-Z]");
+        for (QWidget* window : QList<QWidget*>{&m_mainForm, m_window}) {
+            for (auto* control : window->findChildren<QWidget*>(named)) {
+                if (control->window() == window && control != m_report) {
+                    seen[control->objectName()] = shown(*control);
                 }
             }
         }
-        const QWidget* focus = m_dialog->focusWidget();
-        shown["the focus"] = m_dialog->isVisible() && focus ? focus->objectName() : "";
-        shown["the window"] = m_dialog->isVisible() ? "open" : "closed";
-        shown["the time"] = QString::number(desktop.waited.count());
-        shown["saved"] = record.gblnGameSaved ? "yes" : "no";
-        for (const QUrl& link : desktop.openedLinks) {
-            shown["link"] = link.toString(QUrl::FullyEncoded);
+        const QWidget* focus = m_window->focusWidget();
+        const QWidget* sea = m_dialog ? m_dialog->findChild<QWidget*>("picShips") : nullptr;
+        const QWidget* modal = QApplication::activeModalWidget();
+        seen["on top"] = modal ? modal->objectName() : "";
+        seen["the focus"] = m_window->isVisible() && focus ? focus->objectName() : "";
+        seen["the window"] = m_window->isVisible() ? "open" : "closed";
+        seen["the title"] = m_mainForm.windowTitle();
+        seen["the time"] = QString::number(m_desktop.waited.count());
+        seen["the pointer"] = m_mainForm.cursor() == Qt::BusyCursor ? "busy" : "free";
+        seen["the report"] = m_report->palette().color(QPalette::Base).name();
+        seen["the caret"] = m_report->textCursor().atEnd() ? "at the end" : "elsewhere";
+        seen["the sea"] = sea ? sea->palette().color(QPalette::Window).name() : "";
+        seen["saved"] = m_game.gblnGameSaved ? "yes" : "no";
+        seen["link"] = m_desktop.openedLink.toString(QUrl::FullyEncoded);
+        return seen;
+    }
+    void tellChanges() {
+        static const QRegularExpression date("[A-Z][a-z]{2} \\d\\d, \\d{4}(?= - )");
+        const QString news =
+            std::exchange(heard, {}).replace(QChar::ParagraphSeparator, '\n').remove(date);
+        m_told += (news.isEmpty() || news.startsWith('\n') ? "" : "\n") + news;
+        const QMap<QString, QString> before = std::exchange(m_screen, screen());
+        for (const auto& [name, now] : m_screen.asKeyValueRange()) {
+            m_told += before.value(name) != now ? '\n' + name + ' ' + now : "";
         }
-        return shown;
     }
 
+    StillStyle m_still;
+    QTemporaryDir m_folder;
+    test::FakeDesktop m_desktop;
+    QStringList m_draws;
+    ui::frmMain m_mainForm{m_desktop, *this};
+    game::GameState& m_game = m_mainForm.state();
+    QPlainTextEdit* m_report = test::find<QPlainTextEdit>(m_mainForm, "txtLog");
     std::unique_ptr<QDialog> m_dialog;
+    QWidget* m_window = &m_mainForm;
+    ui::Answer m_answer = ui::Answer::Yes;
+    QMap<int, QString> m_meanwhile;  ///< what to do during which wait
+    int m_waits = 0;
     QMap<QString, QString> m_screen;
     QString m_told;
-    ui::Answer m_answer = ui::Answer::Yes;
 };
 
-TEST(Dialogs, HoldAsApproved) {
+TEST(Windows, DoAsApproved) {
     std::optional<Stage> stage;
     test::expectScripts("dialogs.txt", [&stage](const std::string& line) {
         if (line.starts_with(">> ")) {
             return stage->act(QString::fromStdString(line.substr(3)));
         }
-        stage.emplace(line.substr(2));
+        stage.emplace(QString::fromStdString(line.substr(2)));
         return std::string{};
     });
 }
 
-TEST(NewGame, NamesTheFirm) {
-    for (const auto& [typed, name] : {std::pair{"   ", "Zhenbao"},
-                                      {"  acme trading ", "Acme trading"},
-                                      {"école", "École"},
-                                      {"ßa", "ßa"},
-                                      {"𐐨x", "𐐀x"}}) {
-        EXPECT_EQ(ui::firmName(QString::fromUtf8(typed)).toStdString(), name);
+TEST(Statistics, LetATrillionaireRetireWithoutAQuestion) {
+    test::FakeDesktop desktop;
+    test::Unlucky random;
+    ui::frmMain mainForm{desktop, random};
+    mainForm.state().gcurNetWorth = game::trillion;
+    ui::frmStats statistics{mainForm, ui::frmStats::Occasion::Trillionaire};
+    EXPECT_THROW(test::act(statistics, "click cmdRetire"), test::ProgramEnded);
+}
+
+TEST(Report, ShowsWhatIsKeptAndNoMore) {
+    test::FakeDesktop desktop;
+    test::Unlucky random;
+    ui::frmMain mainForm{desktop, random};
+    mainForm.beginGame(" - Welcome Captain");
+    const QString date = QString::fromStdString(game::dateText(mainForm.state().gdtmDate));
+    QString expected = date + " - Welcome Captain";
+    for (int entry = 0; entry < 300; ++entry) {
+        mainForm.appendEntry(" - " + std::string(80, 'x'));
+        mainForm.UpdateMainForm();
+        expected = (expected + "\r\n" + date + " - " + QString(80, 'x')).right(20'000);
+        ASSERT_EQ(test::textOf(*test::find<QWidget>(mainForm, "txtLog")),
+                  QString(expected).remove('\r'));
     }
-}
-
-TEST(Battle, SinksShipsLineByLineWhileNothingElseCanBeOrdered) {
-    Opened<ui::frmPirate> visit([](GameState& state) { state.gcurCannons = 2; }, {roll(1, 4)});
-    const double hit = roll(7, 10);
-    visit.draws.add({hit, hit, roll(4, 10), roll(1, 25)});  // one of three is left
-    auto* third = visit.find<QLabel>("imgPirate2");
-    std::vector<int> heights;
-    visit.desktop.duringWait = [&] {
-        EXPECT_EQ(third->isVisible(), visit.shown("txtEnemy") == "3");
-        heights.push_back(third->height());
-        visit.act("press cmdRun Esc Return Space");
-    };
-    visit.act("press cmdFight Space");
-    EXPECT_TRUE(visit.dialog->isVisible());
-    EXPECT_EQ(heights.at(1 + 24), 16) << "half way down";
-    EXPECT_TRUE(std::is_sorted(heights.rbegin(), heights.rend()) && heights.back() == 0);
-    EXPECT_EQ(visit.desktop.waited.count(), 2'000 + 2 * (200 + 48 * 5) + 2'000 + 2'000 + 10 + 200);
-    EXPECT_EQ(visit.shown("txtStatus txtReport"), "99%; Zhenbao, what shall we do?");
-    EXPECT_EQ(visit.dialog->focusWidget()->objectName(), "cmdFight");
-}
-
-TEST(Battle, AsksOnceWhetherToQuitAndThenQuits) {
-    Opened<ui::frmPirate> visit([](GameState&) {}, {roll(1, 4)});
-    int asked = 0;
-    visit.desktop.answer = [&](const ui::Box&) {
-        visit.dialog->close();  // behind the question
-        return ++asked == 1 ? ui::Answer::No : ui::Answer::Yes;
-    };
-    visit.dialog->close();
-    EXPECT_TRUE(asked == 1 && visit.dialog->isVisible());
-    EXPECT_THROW(visit.dialog->close(), test::ProgramEnded);
-}
-
-TEST(Statistics, CanBeLeftByItsButtonOnlyFromATrillionOn) {
-    using Occasion = ui::frmStats::Occasion;
-    for (const auto& [occasion, leaves] : {std::pair{Occasion::Menu, true},
-                                           {Occasion::Millionaire, true},
-                                           {Occasion::Trillionaire, false}}) {
-        Opened<ui::frmStats> visit(
-            [](GameState& state) {
-                state.gdtmDate = game::firstDay + std::chrono::months{1};
-                state.gcurCash = game::trillion - 1;
-                state.gblnMillionaire = true;
-            },
-            {}, occasion);
-        EXPECT_EQ(visit.shown("lblTimeValue cmdOK"), leaves ? "1 Month; OK" : "1 Month; (OK)");
-        visit.act("press cmdRetire Return");
-        EXPECT_EQ(visit.dialog->isVisible(), !leaves) << "Enter is for OK";
-        visit.desktop.expect("Do you really want to quit this game?   ", ui::Answer::No);
-        visit.act("click cmdRetire");
-        visit.record.gcurNetWorth = game::trillion;
-        EXPECT_THROW(visit.act("click cmdRetire"), test::ProgramEnded);
-    }
-}
-
-TEST(Help, ShowsFourTextsToBeReadAndDrawsItsInstructionsIn40Columns) {
-    Opened<ui::frmHelp> visit;
-    auto* display = visit.find<QPlainTextEdit>("txtDisplay");
-    for (const auto& [button, frame, begins, ends] :
-         {std::tuple{"cmdIntroduction", "Introduction ", "The theme of Zhenbao", "secrets away."},
-          {"cmdHints", "Hints ", "Start with 5 cannons instead of cash.  It ", " offered.\n\n\n\n"},
-          {"cmdMoney", "Money Lender Bug ", "The money lender bug is a mistake", "options menu."},
-          {"cmdIntructions", "Original Instuctions ", "II<=", "INTERESTING TIMES!'    \n"}}) {
-        const std::string click = std::string{"click "} + button;
-        EXPECT_EQ(visit.after(click.c_str(), "fraContent"), frame);
-        const QString text = display->toPlainText();
-        EXPECT_TRUE(text.startsWith(begins) && text.endsWith(ends)) << button;
-        visit.act("press txtDisplay Return X Del");
-        visit.act(click.c_str());
-        EXPECT_EQ(display->toPlainText(), text);
-    }
-    const QStringList lines = display->toPlainText().chopped(1).split('\n');
-    EXPECT_EQ(lines.size(), 261);
-    EXPECT_TRUE(std::all_of(lines.begin(), lines.end(), [](const QString& line) {
-        return line.size() == 40 && line == line.toUpper();
-    }));
-    EXPECT_TRUE(QFontInfo(display->font()).fixedPitch());
-    EXPECT_EQ(display->horizontalScrollBar()->maximum(), 0);
 }
 
 }  // namespace

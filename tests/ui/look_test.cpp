@@ -1,6 +1,8 @@
-// How every window looks: that its texts have room and can be read, at any size of letters. Where
+// How every window looks and sounds: that its texts have room and can be read at any size of
+// letters, in light and in dark, that the focus is seen and that everything has a name. Where
 // ZHENBAO_SCREENSHOTS names a folder, pictures of all windows are left there.
 
+#include "approved.h"
 #include "contrast.h"
 #include "every_window.h"
 #include "twips.h"
@@ -13,6 +15,29 @@ void takePicture(QWidget& window, const QString& folder, const QString& name) {
         const QString path = QDir(pictures).filePath(folder);
         EXPECT_TRUE(QDir().mkpath(path) && window.grab().save(path + '/' + name + ".png"));
     }
+}
+
+/// The controls a window lays out itself, as opposed to what the toolkit builds them of.
+QList<QWidget*> controlsOf(QWidget& window) {
+    QList<QWidget*> controls;
+    for (auto* control : window.findChildren<QWidget*>()) {
+        const QObject* parent = control->parent();
+        if (control->isVisibleTo(&window) && control->window() == &window &&
+            !parent->inherits("QAbstractScrollArea") && !parent->inherits("QComboBox") &&
+            !parent->inherits("QLineEdit") && !parent->inherits("QMenuBar")) {
+            controls.append(control);
+        }
+    }
+    return controls;
+}
+
+/// The controls that the Tab key should come to.
+QList<QWidget*> tabStops(QWidget& window) {
+    QList<QWidget*> stops = controlsOf(window);
+    stops.removeIf([](const QWidget* control) {
+        return !control->isEnabled() || (control->focusPolicy() & Qt::TabFocus) == 0;
+    });
+    return stops;
 }
 
 /// What the text of a control needs; nothing where it has none or scrolls.
@@ -31,27 +56,12 @@ QSize neededBy(const QWidget& control) {
                                            : QSize();
 }
 
-/// The controls a window lays out itself, as opposed to what the toolkit builds them of.
-QList<QWidget*> controlsOf(QWidget& window) {
-    QList<QWidget*> controls;
-    for (auto* control : window.findChildren<QWidget*>()) {
-        if (control->isVisibleTo(&window) && control->window() == &window &&
-            !control->parent()->inherits("QAbstractScrollArea") &&
-            !control->parent()->inherits("QComboBox") &&
-            !control->parent()->inherits("QLineEdit") && !control->parent()->inherits("QMenuBar")) {
-            controls.append(control);
-        }
-    }
-    return controls;
-}
-
 void expectRoom(QWidget& window) {
     const QList<QWidget*> controls = controlsOf(window);
     for (auto* control : controls) {
         SCOPED_TRACE(control->objectName().toStdString());
         const QSize needed = neededBy(*control);
-        EXPECT_GE(control->width(), needed.width()) << "its text is clipped";
-        EXPECT_GE(control->height(), needed.height()) << "its text is clipped";
+        EXPECT_EQ(control->size().expandedTo(needed), control->size()) << "its text is clipped";
         EXPECT_TRUE(control->parentWidget()->rect().contains(control->geometry()));
         for (auto* other : controls) {
             const bool apart = other == control || other->parent() != control->parent() ||
@@ -61,10 +71,8 @@ void expectRoom(QWidget& window) {
         }
         if (auto* figure = qobject_cast<QLineEdit*>(control);
             figure != nullptr && figure->alignment().testFlag(Qt::AlignRight)) {
-            for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
-                EXPECT_EQ(figure->fontMetrics().horizontalAdvance(QChar{digit}),
-                          figure->fontMetrics().horizontalAdvance(u'0'));
-            }
+            EXPECT_EQ(figure->fontMetrics().horizontalAdvance("1111"),
+                      figure->fontMetrics().horizontalAdvance("4080"));
         }
     }
 }
@@ -95,40 +103,148 @@ void expectReadable(QWidget& window) {
     }
 }
 
-/// Whoever gives an order sees all figures and gauges beside its dialog.
-void expectNothingHidden(const QWidget& dialog) {
-    constexpr int titleBar = 24;  // of the main window; there are no frames offscreen
-    QWidget& owner = *dialog.parentWidget();
-    const QRect covered = dialog.geometry().translated(-owner.pos() - QPoint(0, titleBar));
-    for (const auto* control : controlsOf(owner)) {
-        if (control->inherits("QLineEdit") || control->inherits("QProgressBar")) {
+/// The Tab key comes to every control that should have it, and each shows that it has the focus.
+void expectFocusSeen(QWidget& window) {
+    EXPECT_TRUE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "seen after Tab only";
+    QApplication::setActiveWindow(&window);
+    const QList<QWidget*> stops = tabStops(window);
+    for (QWidget* stop : stops.size() > 1 ? stops : QList<QWidget*>()) {
+        const auto picture = [&](QWidget* focused) {
+            focused->setFocus(Qt::TabFocusReason);
+            return window.grab({stop->mapTo(&window, QPoint()), stop->size()}).toImage();
+        };
+        const QImage with = picture(stop);
+        const QImage without = picture(stop == stops.front() ? stops.back() : stops.front());
+        int dots = 0;
+        for (int dot = 0; dot < with.width() * with.height(); ++dot) {
+            const QPoint place(dot % with.width(), dot / with.width());
+            dots += with.pixel(place) != without.pixel(place) ? 1 : 0;
+        }
+        EXPECT_GE(dots, std::max(stop->width(), 20)) << stop->objectName().toStdString();
+    }
+}
+
+/// With letters of the usual size a window is no higher than the screen, a box is wide enough for
+/// its title, and whoever gives an order sees all figures and gauges beside the dialog.
+void expectUsualSize(QWidget& window) {
+    constexpr int titleBar = 24;  // there are no frames offscreen
+    EXPECT_LE(window.height(), std::max(window.minimumSizeHint().height(),
+                                        window.screen()->availableSize().height()));
+    if (window.inherits("QMessageBox")) {
+        EXPECT_GT(window.width(),
+                  window.fontMetrics().horizontalAdvance(window.windowTitle()) + 100);
+    } else if (dynamic_cast<ui::GameForm*>(&window) && window.objectName() != "frmPirate") {
+        QWidget& owner = *window.parentWidget();
+        const QRect covered = window.geometry().translated(-owner.pos() - QPoint(0, titleBar));
+        for (const auto* control : controlsOf(owner)) {
+            const bool figure = control->inherits("QLineEdit") || control->inherits("QProgressBar");
             const QRect place(control->mapTo(&owner, QPoint()), control->size());
-            EXPECT_FALSE(place.intersects(covered)) << control->objectName().toStdString();
+            EXPECT_FALSE(figure && place.intersects(covered))
+                << control->objectName().toStdString();
         }
     }
 }
 
-struct Look : testing::Test {
-    ~Look() override {
-        QApplication::setPalette(palette);
-        QApplication::setFont(font);
-    }
-    static void setSize(int points) {
-        QFont sized = QApplication::font();
-        sized.setPointSize(points);
-        QApplication::setFont(sized);
-    }
-    const QPalette palette = QApplication::palette();
-    const QFont font = QApplication::font();
-};
+/// The instructions are drawn in 40 columns, none of which may be broken or leave the window.
+void expectColumns(QWidget& help) {
+    const auto* display = test::find<QPlainTextEdit>(help, "txtDisplay");
+    const QStringList lines = display->toPlainText().chopped(1).split('\n');
+    EXPECT_EQ(lines.size(), 261);
+    EXPECT_EQ(lines.filter(QRegularExpression("^[^a-z]{40}$")), lines);
+    EXPECT_TRUE(QFontInfo(display->font()).fixedPitch());
+    EXPECT_EQ(display->document()->lineCount(), display->blockCount());
+}
 
-TEST_F(Look, HasRoomForEveryTextAtAnySize) {
-    for (const int points : {8, 9, 11, 14, 20}) {
-        setSize(points);
-        const QString size = QString("%1 pt").arg(points);
-        test::EveryWindow(true, [&](QWidget& window, const QString& name) {
-            SCOPED_TRACE(points);
-            takePicture(window, size, name);
+/// A control as other programs know it, its caption or text, and what a screen reader says of it;
+/// nothing where there is none of both, or only how far it is scrolled.
+QString described(QWidget& control) {
+    const QMetaObject* kind = control.metaObject();
+    while (kind->className()[0] != 'Q') {
+        kind = kind->superClass();
+    }
+    const QString text = test::textOf(control).left(80).replace('\n', '|');
+    const QString spoken = QAccessible::queryAccessibleInterface(&control)
+                               ->text(QAccessible::Name)
+                               .trimmed()
+                               .replace('\n', '|');
+    if ((text.isEmpty() && spoken.isEmpty()) || control.inherits("QScrollBar")) {
+        return {};
+    }
+    return QString("    %1 %2%3%4 \"%5\"%6\n")
+        .arg(kind->className(), control.objectName(), control.isEnabled() ? "" : ", disabled",
+             control.property("default").toBool() ? ", default" : "", text,
+             spoken == text.trimmed() ? "" : ", spoken \"" + spoken + '"');
+}
+
+/// Everything that has a name in a window, the way of the Tab key through it and, where that is
+/// fixed, its size.
+QString contentsOf(QWidget& window) {
+    const bool fixed = dynamic_cast<ui::GameForm*>(&window) != nullptr;
+    QString told = fixed ? QString("    %1 x %2\n").arg(window.width()).arg(window.height()) : "";
+    for (auto* action : window.findChildren<QAction*>(QRegularExpression("^mnu.*Item"))) {
+        told += QString("    %1%2 \"%3\" %4\n")
+                    .arg(action->objectName(), action->isEnabled() ? "" : ", disabled",
+                         action->text(), action->shortcut().toString());
+    }
+    for (auto* control : controlsOf(window)) {
+        told += described(*control);
+    }
+    QList<QWidget*> stops;
+    QApplication::setActiveWindow(&window);
+    for (QWidget* stop = window.focusWidget(); stop != nullptr && !stops.contains(stop);
+         stop = window.focusWidget()) {
+        told += (stops.isEmpty() ? "    Tab: " : ", ") +
+                (stop->objectName().isEmpty() ? test::textOf(*stop) : stop->objectName());
+        stops << stop;
+        QTest::keyClick(stop, Qt::Key_Tab);
+    }
+    EXPECT_GE(stops.size(), tabStops(window).size());
+    return told;
+}
+
+TEST(Look, IsGoodInEveryWindowAtAnySizeInLightAndInDark) {
+    QPalette dark(QColor(0x2d, 0x2f, 0x33), QColor(0x35, 0x37, 0x3b));
+    dark.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
+    dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
+    dark.setColor(QPalette::HighlightedText, Qt::white);
+    dark.setColor(QPalette::Link, QColor(0x00, 0x00, 0xff));  // as dark desktops forget it
+    const QPalette light = QApplication::palette();
+    const QFont usual = QApplication::font();
+    QString told;
+    struct Desktop {
+        const char* name;
+        int points;
+        QPalette palette;
+        bool richest;
+    };
+    for (const auto& [name, points, palette, richest] : {Desktop{"light", 9, light, false},
+                                                         {"dark", 9, dark, false},
+                                                         {"8 pt", 8, light, true},
+                                                         {"9 pt", 9, light, true},
+                                                         {"11 pt", 11, light, true},
+                                                         {"14 pt", 14, light, true},
+                                                         {"20 pt", 20, light, true}}) {
+        SCOPED_TRACE(name);
+        QFont font = usual;
+        font.setPointSize(points);
+        QApplication::setFont(font);
+        QApplication::setPalette(palette);
+        ui::makeSelectionReadable();
+        test::EveryWindow(richest, [&, folder = QString(name)](QWidget& window,
+                                                               const QString& state) {
+            takePicture(window, folder, state);
+            const QString title = window.objectName() + " \"" + window.windowTitle() + "\"\n";
+            if (folder == "light" && !told.contains(title)) {  // no other state of a window known
+                told += '\n' + title + contentsOf(window);
+            }
+            if (points == 9 && !richest) {
+                expectUsualSize(window);
+            }
+            if (state == "frmHelp-cmdIntructions") {
+                expectColumns(window);
+            }
+            expectReadable(window);
+            expectFocusSeen(window);
             expectRoom(window);
             const QSize wanted = window.size();
             window.resize(0, 0);  // as small as it goes
@@ -136,40 +252,9 @@ TEST_F(Look, HasRoomForEveryTextAtAnySize) {
             window.resize(wanted);
         });
     }
-}
-
-TEST_F(Look, GivesDialogsTheirSizeAndPlaceAtTheStandardFont) {
-    const std::map<QString, QSize> twips{{"frmBuy", {4920, 1920}},      {"frmSell", {4935, 1920}},
-                                         {"frmTransfer", {4815, 1815}}, {"frmVisit", {4455, 1815}},
-                                         {"frmMoney", {4575, 1770}},    {"frmRepair", {6015, 1845}},
-                                         {"frmPirate", {6855, 4695}},   {"frmLeave", {2850, 3450}}};
-    setSize(9);
-    test::EveryWindow(false, [&](QWidget& window, const QString& name) {
-        if (const auto size = twips.find(name); size != twips.end()) {
-            EXPECT_TRUE(window.size() == size->second / ui::twipsPerPixel) << name.toStdString();
-            name == "frmPirate" ? void() : expectNothingHidden(window);
-        }
-        EXPECT_LE(window.height(), std::max(window.minimumSizeHint().height(),
-                                            window.screen()->availableSize().height()));
-    });
-}
-
-TEST_F(Look, CanBeReadInLightAndInDark) {
-    QPalette dark(QColor(0x2d, 0x2f, 0x33), QColor(0x35, 0x37, 0x3b));
-    dark.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
-    dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
-    dark.setColor(QPalette::HighlightedText, Qt::white);
-    dark.setColor(QPalette::Link, QColor(0x00, 0x00, 0xff));  // as dark desktops forget it
-    setSize(9);
-    for (const auto& [name, colours] : {std::pair{"light", palette}, {"dark", dark}}) {
-        SCOPED_TRACE(name);
-        QApplication::setPalette(colours);
-        ui::makeSelectionReadable();
-        test::EveryWindow(false, [folder = name](QWidget& window, const QString& picture) {
-            takePicture(window, folder, picture);
-            expectReadable(window);
-        });
-    }
+    QApplication::setFont(usual);
+    QApplication::setPalette(light);
+    test::expectApproved("windows.txt", told.toStdString());
 }
 
 }  // namespace
