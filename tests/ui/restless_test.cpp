@@ -264,8 +264,7 @@ private:
     }
     void act(bool foolish) {
         static const QRegularExpression usual(
-            "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Buy|Sell|Start|Retire|Cannon|Ship)$|"
-            "HongKong");
+            "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Start|Retire|Cannon|Ship)$|HongKong");
         QGuiApplication::clipboard()->setText(
             any(QStringList{"0", "7", "99999999999999999999", "-5", "x", "$1,2 3", "3.5", "\"",
                             "Smith & Sons", QString(3'000, '9'), "\n\r\t", "\u0663\u4E2D"}));
@@ -274,14 +273,20 @@ private:
         for (QWidget* control : controls()) {
             all << QList<QWidget*>(control->objectName().contains(usual) ? 4 : 0, control);
         }
-        if (!all.isEmpty() && dice(5) > (foolish ? 3 : 1)) {
-            return use(any(all));
+        const bool home = m_top == &m_mainForm;
+        if (home && !m_now.gblnActiveGame && !foolish) {
+            pressAny("Ctrl+N Ctrl+L");
+        } else if (!all.isEmpty() && dice(5) > (foolish ? 3 : 1)) {
+            use(any(all));
+        } else if (foolish) {
+            pressAny(
+                "close Ctrl+N Ctrl+L Ctrl+S F1 Alt+F Alt+O Alt+H Ctrl+A Ctrl+Z F4 F10 Alt+Down "
+                "Alt+Up Esc Return Enter Tab Backtab Space Left Right Up Down PgUp PgDown Home End "
+                "Del Backspace 7 0 X & - $ Ctrl+V Ctrl+V Ctrl+V");
+        } else {
+            pressAny(home ? "Ctrl+N Ctrl+S Ctrl+L Ctrl+L Ctrl+L Alt+F Alt+O Alt+H"
+                          : "9 Ctrl+V Return Return Esc close");
         }
-        pressAny(foolish ? "close Ctrl+N Ctrl+L Ctrl+S F1 Alt+F Alt+O Alt+H Ctrl+A Ctrl+Z F4 F10 "
-                           "Alt+Down Alt+Up Esc Return Enter Tab Backtab Space Left Right Up Down "
-                           "PgUp PgDown Home End Del Backspace 7 0 X & - $ Ctrl+V Ctrl+V Ctrl+V"
-                 : m_top == &m_mainForm ? "Ctrl+N Ctrl+S Ctrl+L Ctrl+L Ctrl+L Alt+F Alt+O Alt+H"
-                                        : "9 Ctrl+V Return Return Esc close");
     }
     /// Uses a control as its kind is used, by mouse or by keyboard.
     void use(QWidget* control) {
