@@ -413,7 +413,7 @@ void layOutGames(const QDir& folder) {
         }
     }
     for (const char* turn : {"Debt=940000000000", "Debt=980000000000", "Bank=999999000000",
-                             "Bank=77000", "Cash=999999", "Cash=9999999", "Status=2"}) {
+                             "Bank=77000", "Cash=999999", "Cash=9999999 Status=50", "Status=2"}) {
         const std::string rest = " MaxHold=460 Hold=50 SOpium=50 WOpium=10000 Payoff=11";
         write("turn", test::newGame(turn + rest));
     }
