@@ -143,6 +143,7 @@ private:
         expect(m_top->focusWidget() != nullptr ? m_top->focusWidget()->isEnabled()
                                                : controls().isEmpty() || !m_top->isActiveWindow(),
                "no focus");
+        expect(!atRest || !m_now.gblnGameOver, "no new game after the last");
         const bool atSea = m_waiting || m_name == "frmPirate";
         for (const QAction* menu : m_mainForm.menuBar()->actions()) {
             expect(menu->isEnabled() ? !atSea : !atRest, "menus open at sea, or closed in port");
@@ -173,9 +174,10 @@ private:
                                         [](const QLabel* ship) { return ship->isVisible(); });
         const QString report = test::textOf(*test::find<QWidget>(*m_top, "txtReport"));
         const bool asked = report == "Zhenbao, what shall we do?";
-        expectText("txtEnemy", QString::number(left));
-        expectText("txtStatus", plain(m_now.gcurStatus) + '%');
-        expectText("txtCannons", plain(m_now.gcurCannons));
+        expectText(*m_top, "txtEnemy", QString::number(left));
+        expectText(*m_top, "txtStatus", plain(m_now.gcurStatus) + '%');
+        expectText(*m_top, "txtCannons", plain(m_now.gcurCannons));
+        expectText(m_mainForm, "fraStatus", "Ship's Status - " + plain(m_now.gcurStatus) + "% ");
         expectEnabled(m_top, "cmdFight cmdDeath", asked && m_now.gcurCannons > 0);
         expectEnabled(m_top, "cmdRun", asked);
         expectEnabled(m_top, "cmdDump", asked && game::totalStock(m_now, game::Place::Ship) > 0);
@@ -195,17 +197,18 @@ private:
                 for (const char* kind : {"txt", "prg"}) {  // the displays bear the figures' names
                     if (const QString display = kind + fromRules(name);
                         m_top->findChild<QWidget*>(display) != nullptr) {
-                        expectText(display, plain(m_now.*member));
+                        expectText(*m_top, display, plain(m_now.*member));
                     }
                 }
             }
         });
-        expectText("txtDate", fromRules(game::dateText(m_now.gdtmDate)));
-        expectText("fraStatus", "Ship's Status - " + plain(m_now.gcurStatus) + "% ");
-        expectText("fraHold", "Ship's Hold - " + plain(m_now.gcurHold) + " of " +
-                                  plain(m_now.gcurMaxHold) + ' ');
-        expectText("fraPrices", "Prices at " + fromRules(m_now.gstrLocation) + ' ');
-        expectText("fraHouse",
+        expectText(*m_top, "txtDate", fromRules(game::dateText(m_now.gdtmDate)));
+        expectText(m_mainForm, "fraStatus", "Ship's Status - " + plain(m_now.gcurStatus) + "% ");
+        expectText(
+            m_mainForm, "fraHold",
+            "Ship's Hold - " + plain(m_now.gcurHold) + " of " + plain(m_now.gcurMaxHold) + ' ');
+        expectText(m_mainForm, "fraPrices", "Prices at " + fromRules(m_now.gstrLocation) + ' ');
+        expectText(m_mainForm, "fraHouse",
                    "House of " + fromRules(m_now.gstrFirm).replace("&", "&&") + ", Hong Kong ");
         expect(m_top->windowTitle() == "Zhenbao - " + fromRules(m_now.gstrRank) + " [" +
                                            ui::money(m_now.gcurNetWorth) + "]",
@@ -227,8 +230,8 @@ private:
                    name + (wanted ? " cannot be used" : " can be used"));
         }
     }
-    void expectText(const QString& name, const QString& wanted) const {
-        const QString shown = test::textOf(*test::find<QWidget>(*m_top, qPrintable(name)));
+    void expectText(QWidget& window, const QString& name, const QString& wanted) {
+        const QString shown = test::textOf(*test::find<QWidget>(window, qPrintable(name)));
         expect(shown == wanted || QString(shown).remove('$').remove(',') == wanted,
                name + ": " + shown + " for " + wanted);
     }
