@@ -10,9 +10,10 @@ using game::Currency;
 
 namespace {
 
-/// A number up to its bracket, exactly and as money; what follows is not looked at.
-std::string read(std::string_view text) {
-    const std::optional<Currency> number = game::readDecimal(text.substr(0, text.find(']')));
+/// A number up to its bracket, exactly and as money.
+std::string read(std::string text) {
+    text.back() = '9';  // what follows is not looked at
+    const auto number = game::readDecimal(std::string_view{text}.substr(0, text.size() - 1));
     return number ? plainText(*number) + " " + moneyText(*number) : "nothing";
 }
 
@@ -35,6 +36,7 @@ std::string answer(const std::string& script) {
            : question == "steps"    ? steps(a)
            : question == "int"      ? std::to_string(a.toInt())
            : question == "sum"      ? plainText(a + b)
+           : question == "absolute" ? plainText(absolute(a))
            : question == "product"  ? plainText(a * b)
            : question == "quotient" ? plainText(wholeTimes(a, b))
                                     : plainText(game::Int(std::stod(number)));
