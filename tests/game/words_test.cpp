@@ -55,14 +55,12 @@ TEST(Words, FillTheReportUpToTwentyThousandCharacters) {
     report.addEntry(1860y / 3 / 15, " - C");
     EXPECT_EQ(report.text(), "Jan 15, 1860 - Welcome Captain.\r\nFeb 15, 1860 - A\r\n" +
                                  std::string(23, ' ') + " b\r\nMar 15, 1860 - C");
-    game::Report full;
-    full.append("ab\r\n" + std::string(19'996, 'x'));
-    EXPECT_EQ(full.trim(), "") << "exactly 20,000 are left alone";
-    full.append("\xC3\xA9z");  // an accented letter is one character
-    EXPECT_EQ(full.trim(), "ab");
-    full.append("yy");
-    EXPECT_EQ(full.trim() + full.trim(), "\r\n");
-    EXPECT_EQ(full.text(), std::string(19'996, 'x') + "\xC3\xA9zyy");
+    report.open(game::firstDay, "\xC3\xA9");  // an accented letter is one character
+    report.append(std::string(19'987, 'x'));
+    EXPECT_EQ(report.trim(), "") << "exactly 20,000 are left alone";
+    report.append(std::string(14, 'x'));
+    EXPECT_EQ(report.trim() + report.trim(), "Jan 15, 1860\xC3\xA9x");
+    EXPECT_EQ(report.text(), std::string(20'000, 'x'));
 }
 
 }  // namespace
