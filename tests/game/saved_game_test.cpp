@@ -33,7 +33,10 @@ std::string with(const std::string& other, const std::string& pattern,
 
 TEST(SavedGame, IsTwentySixLinesReadInEveryWayTheyMayBeParted) {
     EXPECT_EQ(game::writeSavedGame(someGame), someFile);
-    EXPECT_TRUE(game::writeSavedGame({}).starts_with("#1899-12-30#")) << "before any game";
+    const std::string none = game::writeSavedGame({});
+    EXPECT_TRUE(none.starts_with("#1899-12-30#") && none.ends_with("#FALSE#\r\n")) << none;
+    EXPECT_EQ(test::changes(someGame, game::readSavedGame(someFile).value()),
+              " Active=no Saved=no NetWorth=0 Score=0");
     const std::string bare = someFile.substr(0, someFile.size() - 2);
     for (const std::string& form :
          {someFile, bare, with("\n", "\r\n"), with(",", "\r\n"), bare + '\r', bare + ",anything",

@@ -10,9 +10,10 @@ using game::Currency;
 
 namespace {
 
-/// A number up to its bracket, exactly and as money; what follows is not looked at.
-std::string read(std::string_view text) {
-    const std::optional<Currency> number = game::readDecimal(text.substr(0, text.find(']')));
+/// A number up to its bracket, exactly and as money.
+std::string read(std::string text) {
+    text.back() = '9';  // what follows is not looked at
+    const auto number = game::readDecimal(std::string_view{text}.substr(0, text.size() - 1));
     return number ? plainText(*number) + " " + moneyText(*number) : "nothing";
 }
 
@@ -35,6 +36,7 @@ std::string answer(const std::string& script) {
            : question == "steps"    ? steps(a)
            : question == "int"      ? std::to_string(a.toInt())
            : question == "sum"      ? plainText(a + b)
+           : question == "absolute" ? plainText(absolute(a))
            : question == "product"  ? plainText(a * b)
            : question == "quotient" ? plainText(wholeTimes(a, b))
                                     : plainText(game::Int(std::stod(number)));
@@ -53,14 +55,12 @@ TEST(Words, FillTheReportUpToTwentyThousandCharacters) {
     report.addEntry(1860y / 3 / 15, " - C");
     EXPECT_EQ(report.text(), "Jan 15, 1860 - Welcome Captain.\r\nFeb 15, 1860 - A\r\n" +
                                  std::string(23, ' ') + " b\r\nMar 15, 1860 - C");
-    game::Report full;
-    full.append("ab\r\n" + std::string(19'996, 'x'));
-    EXPECT_EQ(full.trim(), "") << "exactly 20,000 are left alone";
-    full.append("\xC3\xA9z");  // an accented letter is one character
-    EXPECT_EQ(full.trim(), "ab");
-    full.append("yy");
-    EXPECT_EQ(full.trim() + full.trim(), "\r\n");
-    EXPECT_EQ(full.text(), std::string(19'996, 'x') + "\xC3\xA9zyy");
+    report.open(game::firstDay, "\xC3\xA9");  // an accented letter is one character
+    report.append(std::string(19'987, 'x'));
+    EXPECT_EQ(report.trim(), "") << "exactly 20,000 are left alone";
+    report.append(std::string(14, 'x'));
+    EXPECT_EQ(report.trim() + report.trim(), "Jan 15, 1860\xC3\xA9x");
+    EXPECT_EQ(report.text(), std::string(20'000, 'x'));
 }
 
 }  // namespace

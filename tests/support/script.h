@@ -9,8 +9,8 @@
 namespace test {
 
 /// A captain who reads a script, a word for whatever is asked next. In a field "max" is as much as
-/// it offers, "more" one more. "24-" are 24 draws of no interest; "?" is the one that is watched,
-/// and behind it none is of interest.
+/// it offers, "more" one more, "look" tells it. "24-" are 24 draws of no interest; "?" is the one
+/// that is watched, and behind it none is of interest.
 class Actor final : game::Random, public Captain {
 public:
     Actor(game::GameState& state, const std::string& script, double watched)
@@ -30,6 +30,9 @@ private:
     }
     std::string type(game::Currency most) override {
         const std::string typed = next();
+        if (typed == "look") {
+            tell("up to ", most, "\n");
+        }
         return typed == "max" ? plainText(most) : typed == "more" ? plainText(most + 1) : typed;
     }
     double Rnd() override {
