@@ -30,8 +30,8 @@ inline QString textOf(const QWidget& control) {
     return {};
 }
 
-/// What a player does in a window: "click BUTTON", "type FIELD TEXT", "paste FIELD TEXT",
-/// "pick LIST ENTRY" or, for any control, "press CONTROL Left Ctrl+V".
+/// What a player does in a window: "click BUTTON", "type FIELD TEXT", "paste FIELD TEXT" where \n
+/// breaks a line, "pick LIST ENTRY" or, for any control, "press CONTROL Left Ctrl+V".
 inline void act(QWidget& window, const QString& what) {
     const QString verb = what.section(' ', 0, 0);
     auto* control = find<QWidget>(window, what.section(' ', 1, 1));
@@ -44,7 +44,7 @@ inline void act(QWidget& window, const QString& what) {
     } else if (verb == "type") {
         QTest::keyClicks(control, with);
     } else if (verb == "paste") {
-        QGuiApplication::clipboard()->setText(with);
+        QGuiApplication::clipboard()->setText(QString(with).replace("\\n", "\n"));
         (list != nullptr ? list->lineEdit() : qobject_cast<QLineEdit*>(control))->paste();
     } else if (verb == "pick") {
         list->showPopup();

@@ -65,8 +65,12 @@ AmountField::AmountField(const QString& name, Format format)
     });
 }
 
+std::string AmountField::typed() const {
+    return toRules(onOneLine(currentText()));
+}
+
 game::Currency AmountField::amount() const {
-    return game::MakeNumber(toRules(currentText()));
+    return game::MakeNumber(typed());
 }
 
 void AmountField::FillAmountList(game::Currency maximum) {

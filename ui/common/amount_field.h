@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <functional>
+#include <string>
 
 #include "currency.h"
 
@@ -27,6 +28,8 @@ public:
     /// What the list ends with; asked for each time the list is opened.
     void setMaximum(Maximum maximum) { m_maximum = std::move(maximum); }
 
+    /// Its text as it is shown, on one line.
+    [[nodiscard]] std::string typed() const;
     /// The number its text reads as.
     [[nodiscard]] game::Currency amount() const;
 

@@ -15,6 +15,18 @@ namespace ui {
     return text.toStdString();
 }
 
+/// The text on one line, as fields and titles show it: line breaks, tabs and the like are blanks.
+[[nodiscard]] inline QString onOneLine(QString text) {
+    for (QChar& character : text) {
+        const QChar::Category category = character.category();
+        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
+            category == QChar::Separator_Paragraph) {
+            character = u' ';
+        }
+    }
+    return text;
+}
+
 /// "$#,##0".
 [[nodiscard]] inline QString money(game::Currency amount) {
     return fromRules(game::moneyText(amount));

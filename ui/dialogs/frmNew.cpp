@@ -21,22 +21,9 @@ public:
     using QValidator::QValidator;
 
     State validate(QString& input, int& position) const override {
-        for (qsizetype at = input.size() - 1; at >= 0; --at) {
-            if (input.at(at) == u'"') {
-                input.remove(at, 1);
-                position -= at < position ? 1 : 0;
-            } else if (breaksLine(input.at(at))) {
-                input[at] = u' ';
-            }
-        }
+        position -= static_cast<int>(input.left(position).count(u'"'));
+        input = onOneLine(input.remove(u'"'));
         return Acceptable;
-    }
-
-private:
-    static bool breaksLine(QChar character) {
-        return character.category() == QChar::Other_Control ||
-               character.category() == QChar::Separator_Line ||
-               character.category() == QChar::Separator_Paragraph;
     }
 };
 

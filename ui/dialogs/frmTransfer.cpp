@@ -68,7 +68,7 @@ frmTransfer::frmTransfer(MainForm& mainForm)
 
 game::Load frmTransfer::Row::load() const {
     const auto chosen = static_cast<std::size_t>(good->currentIndex());
-    return {game::goods.at(chosen).good, toRules(amount->currentText())};
+    return {game::goods.at(chosen).good, amount->typed()};
 }
 
 frmTransfer::Row frmTransfer::makeRow(const QString& goodName, const QString& amountName,

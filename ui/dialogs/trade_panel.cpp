@@ -86,7 +86,7 @@ game::TradeOrder TradePanel::order() const {
 std::array<std::string, game::goods.size()> TradePanel::typed() const {
     std::array<std::string, game::goods.size()> texts;
     for (std::size_t good = 0; good < m_fields.size(); ++good) {
-        texts.at(good) = toRules(m_fields.at(good)->currentText());
+        texts.at(good) = m_fields.at(good)->typed();
     }
     return texts;
 }

@@ -78,15 +78,7 @@ void Panel::showTitle(const QString& title) {
         return;
     }
     m_title = title;
-    QString shown = title.left(longestTitle);
-    for (QChar& character : shown) {
-        const QChar::Category category = character.category();
-        if (category == QChar::Other_Control || category == QChar::Separator_Line ||
-            category == QChar::Separator_Paragraph) {
-            character = u' ';
-        }
-    }
-    setTitle(shown.replace(u'&', QStringLiteral("&&")));
+    setTitle(onOneLine(title.left(longestTitle)).replace(u'&', QStringLiteral("&&")));
 }
 
 QSize Panel::minimumSizeHint() const {
