@@ -229,6 +229,13 @@ TEST(Report, ShowsWhatIsKeptAndNoMore) {
         ASSERT_EQ(test::textOf(*test::find<QWidget>(mainForm, "txtLog")),
                   QString(expected).remove('\r'));
     }
+    mainForm.show();
+    auto* bar = test::find<QPlainTextEdit>(mainForm, "txtLog")->verticalScrollBar();
+    for (const bool reading : {true, false}) {  // who reads what was before is left alone
+        bar->setValue(reading ? 0 : bar->maximum());
+        mainForm.appendText(std::string(1'000, '.'));
+        EXPECT_EQ(bar->value(), reading ? 0 : bar->maximum());
+    }
 }
 
 }  // namespace
