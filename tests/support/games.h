@@ -1,13 +1,23 @@
 #pragma once
 
+#include <cmath>
 #include <sstream>
 #include <string>
 #include <string_view>
 
 #include "new_game.h"
-#include "scripted_random.h"
 
 namespace test {
+
+/// A draw as scripts write it: the face of a die ("3/25"), 0 for the lowest and 1 for the highest
+/// there are, or - for none of interest.
+inline double drawn(const std::string& die) {
+    const std::size_t slash = die.find('/');
+    return die == "0"          ? 0.0
+           : die == "1"        ? std::nextafter(1.0, 0.0)
+           : slash == die.npos ? 0.99
+                               : (std::stoi(die) - 0.5) / std::stoi(die.substr(slash + 1));
+}
 
 /// Visits the whole record member by member, each with its name.
 template <class Visit>
@@ -63,14 +73,6 @@ inline game::GameState newGame(const std::string& figures = {}) {
             }
         });
     }
-    return state;
-}
-
-/// The same with `change` applied.
-template <class Change>
-game::GameState newGameWith(Change change) {
-    game::GameState state = newGame();
-    change(state);
     return state;
 }
 

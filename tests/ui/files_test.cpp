@@ -56,8 +56,9 @@ TEST_F(GameFile, KeepsAnyNameAndReadsAccentsOfOtherSystems) {
     for (const auto& firm :
          {std::string{"\uFEFFH\u00E9l\u00E8ne & \u4E2D"}, std::string{"two\u2028lines\u2029\r\x01"},
           std::string(10'000'000, 'W')}) {
-        ui::writeGameFile(file,
-                          test::newGameWith([&](GameState& state) { state.gstrFirm = firm; }));
+        GameState named = oldGame;
+        named.gstrFirm = firm;
+        ui::writeGameFile(file, named);
         EXPECT_EQ(ui::readGameFile(file).gstrFirm, firm);
     }
     write(file, textOf(oldGame).replace("Heron", "H\xE9ron \x80\x97"));
@@ -82,7 +83,8 @@ TEST_F(GameFile, TellsWhyItCannotBeReadOrWrittenAsApproved) {
     });
     EXPECT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
     EXPECT_EQ(bytesOf(path("ours")), textOf(newGame));
-    const GameState broken = test::newGameWith([](auto& state) { state.gstrFirm = "two\nlines"; });
+    GameState broken = newGame;
+    broken.gstrFirm = "two\nlines";
     EXPECT_EQ(failureOf(file, &broken), "The name of the firm cannot be saved");
     EXPECT_EQ(failureOf(path(QString(300, 'n')), &newGame), "File name too long");
     EXPECT_EQ(bytesOf(file), textOf(oldGame));
