@@ -1,9 +1,10 @@
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <QtTest>
 #include <QtWidgets>
 
-#include "fake_desktop.h"
 #include "frmMain.h"
 #include "games.h"
 #include "text.h"

@@ -39,7 +39,7 @@ struct Occasions {
             EXPECT_TRUE(file.open(QIODevice::ReadOnly));
             rows += QString::fromUtf8(file.readAll()).split('\n');
         }
-        rows = rows.filter(QRegularExpression("^(?!    |frmMain|msgBox).+"));
+        rows = rows.filter(QRegularExpression("^(?!    |[#>]|frmMain|msgBox).+"));
         for (const QString& row : rows) {  // `#` is a number, `*` anything
             QString pattern = QRegularExpression::escape(row);
             pattern.replace("\\#", "[\\d,]+").replace("\\*", ".*");

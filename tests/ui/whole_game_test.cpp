@@ -96,4 +96,23 @@ TEST_F(WholeGame, MayLastTenThousandVoyages) {
     mainForm.state().gblnGameSaved = true;
 }
 
+TEST_F(WholeGame, IsReportedAsLongAsItIsKept) {
+    mainForm.beginGame(" - Welcome Captain");
+    const QString date = QString::fromStdString(game::dateText(mainForm.state().gdtmDate));
+    QString expected = date + " - Welcome Captain";
+    auto* report = test::find<QPlainTextEdit>(mainForm, "txtLog");
+    for (int entry = 0; entry < 300; ++entry) {
+        mainForm.appendEntry(" - " + std::string(80, 'x'));
+        mainForm.UpdateMainForm();
+        expected = (expected + "\r\n" + date + " - " + QString(80, 'x')).right(20'000);
+        ASSERT_EQ(report->toPlainText(), QString(expected).remove('\r'));
+    }
+    for (const bool reading : {true, false}) {  // who reads what was before is left alone
+        auto* bar = report->verticalScrollBar();
+        bar->setValue(reading ? 0 : bar->maximum());
+        mainForm.appendText(std::string(1'000, '.'));
+        EXPECT_EQ(bar->value(), reading ? 0 : bar->maximum());
+    }
+}
+
 }  // namespace
