@@ -66,7 +66,8 @@ inline game::GameState newGame(const std::string& figures = {}) {
     game::startGame(state, prices, game::Scenario::CashAndDebt, "Heron & Sons");
     std::istringstream words(
         "Cash=1000 Debt=0 POpium=12000 PSilk=1100 PArms=90 PGeneral=14 Saved=yes " + figures);
-    for (std::string name, value; std::getline(words >> std::ws, name, '=') && words >> value;) {
+    for (std::string name, value;
+         std::getline(words >> std::ws, name, '=') && std::getline(words, value, ' ');) {
         eachMember([&](std::string_view known, auto member) {
             if (known == name) {
                 Figure::read(value, state.*member);

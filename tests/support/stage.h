@@ -90,7 +90,10 @@ public:
         tellChanges();
     }
 
-    ~Stage() override { EXPECT_EQ(m_draws.join(' ').remove('*'), "") << "draws left over"; }
+    ~Stage() override {
+        EXPECT_EQ(m_draws.join(' ').remove('*'), "") << "draws left over";
+        QAccessible::installUpdateHandler(nullptr);
+    }
 
     /// Does what one line says, behind each further > in the dialog that is on top by then, and
     /// tells what has changed on the screen and in the report.

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QTemporaryDir>
 
 /// What Qt and its plugins keep until the end of the process is not a leak of ours. A sanitized
 /// program asks for its options under this name.
@@ -9,8 +10,16 @@ extern "C" const char* __asan_default_options() {
 }
 
 int main(int argc, char** argv) {
+    const QTemporaryDir home;
+    qputenv("HOME", home.path().toLocal8Bit());
+    for (const char* other : {"XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CACHE_HOME"}) {
+        qunsetenv(other);
+    }
     qputenv("QT_QPA_PLATFORM", "offscreen");  // also while the tests are only listed
     const QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
+    const int failed = RUN_ALL_TESTS();
+    EXPECT_TRUE(QDir(home.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
+        << "something is left behind";
+    return failed != 0 || testing::Test::HasFailure() ? 1 : 0;
 }
