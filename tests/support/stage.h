@@ -61,6 +61,16 @@ inline void hear(QAccessibleEvent* event) {
     }
 }
 
+/// What a control shows. What cannot be used stands in brackets; a long text is cut short.
+inline QString shown(const QWidget& control) {
+    const auto* label = qobject_cast<const QLabel*>(&control);
+    QString text = label != nullptr && !label->pixmap().isNull()
+                       ? QString("%1 high").arg(label->isVisible() ? label->height() : 0)
+                       : textOf(control).replace('\n', '|');
+    text = text.size() > 80 ? text.left(40) + " ... " + text.right(40) : text;
+    return control.isEnabled() ? '"' + text + '"' : "(\"" + text + "\")";
+}
+
 /// The main window, over it the dialog that a script is about, and a desktop without a screen: a
 /// box is told and answered, files are chosen beforehand and time passes at once.
 class Stage final : game::Random, ui::QtDesktop {
@@ -186,15 +196,6 @@ private:
         QMetaObject::invokeMethod(qApp, performNext, Qt::QueuedConnection);
     }
 
-    /// What a control shows. What cannot be used stands in brackets; a long text is cut short.
-    static QString shown(const QWidget& control) {
-        const auto* label = qobject_cast<const QLabel*>(&control);
-        QString text = label != nullptr && !label->pixmap().isNull()
-                           ? QString("%1 high").arg(label->isVisible() ? label->height() : 0)
-                           : textOf(control).replace('\n', '|');
-        text = text.size() > 80 ? text.left(40) + " ... " + text.right(40) : text;
-        return control.isEnabled() ? '"' + text + '"' : "(\"" + text + "\")";
-    }
     /// What both windows show, by name.
     QMap<QString, QString> screen() {
         QMap<QString, QString> seen;
