@@ -157,12 +157,22 @@ TEST_F(GameFile, StaysWholeWheneverTheProgramIsKilled) {
     EXPECT_GT(replaced, 1) << "never killed between the replacement and the end";
 }
 
+/// What the player does in the next dialog, which closes with it.
+void inNextDialog(const std::function<void(QDialog&)>& act) {
+    QTimer::singleShot(0, qApp, [act] {
+        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr) << "no dialog opened";
+        act(*dialog);
+        EXPECT_TRUE(dialog->isHidden() || !dialog->close()) << "it is still open";
+    });
+}
+
 TEST_F(GameFile, IsChosenAmongEveryFileAndFoundAgain) {
     write(path("no dot"), {});
     qputenv("HOME", folder.path().toLocal8Bit());
     QWidget owner;
     ui::QtDesktop desktop;
-    test::inNextDialog([&](QDialog& dialog) {
+    inNextDialog([&](QDialog& dialog) {
         auto* filters = test::find<QComboBox>(dialog, "fileTypeCombo");
         const auto* view = test::find<QAbstractItemView>(dialog, "listView");
         for (const auto& [filter, listed] :
@@ -177,7 +187,7 @@ TEST_F(GameFile, IsChosenAmongEveryFileAndFoundAgain) {
         test::act(dialog, "press fileNameEdit Return");
     });
     EXPECT_EQ(desktop.chooseFileToSave(&owner), path("as typed"));
-    test::inNextDialog([&](QDialog& dialog) {
+    inNextDialog([&](QDialog& dialog) {
         EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "as typed");
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
