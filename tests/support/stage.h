@@ -42,16 +42,6 @@ inline const std::map<QString, std::unique_ptr<QDialog> (*)(ui::MainForm&)> dial
     {"frmTransfer", make<ui::frmTransfer>},
     {"frmVisit", make<ui::frmVisit>}};
 
-/// A desktop whose animations are switched off.
-struct StillStyle final : QProxyStyle {
-    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                  QStyleHintReturn* data) const override {
-        return hint == SH_Widget_Animation_Duration
-                   ? 0
-                   : QProxyStyle::styleHint(hint, option, widget, data);
-    }
-};
-
 inline QString heard;  ///< what screen readers are told of the report since it was asked for last
 
 inline void hear(QAccessibleEvent* event) {
@@ -118,8 +108,7 @@ public:
         } else if (line.startsWith("wait ")) {
             m_meanwhile[what.section(' ', 0, 0).toInt()] = what.section(' ', 1);
         } else if (line == "animations off") {
-            m_mainForm.setStyle(&m_still);
-            m_window->setStyle(&m_still);
+            m_mainForm.setStyleSheet("* { widget-animation-duration: 0 }");
         } else {
             const QStringList acts = line.split(" > ");
             performInDialogs(acts.mid(1));
@@ -234,7 +223,6 @@ private:
         }
     }
 
-    StillStyle m_still;
     Visitor m_visit;
     QTemporaryDir m_folder;
     QStringList m_draws;
