@@ -21,6 +21,20 @@ Control* find(const QWidget& window, const QString& name) {
     return control;
 }
 
+/// The controls a window lays out itself, as opposed to what the toolkit builds them of.
+inline QList<QWidget*> controlsOf(const QWidget& window) {
+    QList<QWidget*> controls;
+    for (auto* control : window.findChildren<QWidget*>()) {
+        const QObject* parent = control->parent();
+        if (control->isVisibleTo(&window) && control->window() == &window &&
+            !parent->inherits("QAbstractScrollArea") && !parent->inherits("QComboBox") &&
+            !parent->inherits("QLineEdit") && !parent->inherits("QMenuBar")) {
+            controls.append(control);
+        }
+    }
+    return controls;
+}
+
 /// What a control shows.
 inline QString textOf(const QWidget& control) {
     for (const char* property : {"currentText", "value", "title", "text", "plainText"}) {

@@ -11,20 +11,6 @@
 
 namespace {
 
-/// The controls a window lays out itself, as opposed to what the toolkit builds them of.
-QList<QWidget*> controlsOf(QWidget& window) {
-    QList<QWidget*> controls;
-    for (auto* control : window.findChildren<QWidget*>()) {
-        const QObject* parent = control->parent();
-        if (control->isVisibleTo(&window) && control->window() == &window &&
-            !parent->inherits("QAbstractScrollArea") && !parent->inherits("QComboBox") &&
-            !parent->inherits("QLineEdit") && !parent->inherits("QMenuBar")) {
-            controls.append(control);
-        }
-    }
-    return controls;
-}
-
 /// What the text of a control needs; nothing where it has none or scrolls.
 QSize neededBy(const QWidget& control) {
     if (auto* label = qobject_cast<const QLabel*>(&control); label && label->wordWrap()) {
@@ -42,7 +28,7 @@ QSize neededBy(const QWidget& control) {
 }
 
 void expectRoom(QWidget& window) {
-    const QList<QWidget*> controls = controlsOf(window);
+    const QList<QWidget*> controls = test::controlsOf(window);
     for (auto* control : controls) {
         SCOPED_TRACE(control->objectName().toStdString());
         const QSize needed = neededBy(*control);
@@ -71,7 +57,7 @@ void expectRoom(QWidget& window) {
 void expectReadable(QWidget& window) {
     using Palette = QPalette;
     static const QRegularExpression colourOfLink("color: (#[0-9a-f]{6})");
-    for (auto* control : controlsOf(window)) {
+    for (auto* control : test::controlsOf(window)) {
         const QPalette& colours = control->palette();
         if (!control->isEnabled() || test::textOf(*control).isEmpty()) {
             continue;
@@ -133,7 +119,8 @@ QString wayOfTab(QWidget& window) {
                 (stop->objectName().isEmpty() ? test::textOf(*stop) : stop->objectName());
         stops << stop;
     }
-    EXPECT_GE(stops.size(), std::ranges::count_if(controlsOf(window), [](const auto* control) {
+    EXPECT_GE(stops.size(),
+              std::ranges::count_if(test::controlsOf(window), [](const auto* control) {
                   return control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0;
               }));
     return told + '\n';
@@ -152,7 +139,7 @@ QString contentsOf(QWidget& window) {
                     .arg(action->objectName(), action->isEnabled() ? "" : ", disabled",
                          action->text(), action->shortcut().toString());
     }
-    for (auto* control : controlsOf(window)) {
+    for (auto* control : test::controlsOf(window)) {
         told += described(*control);
     }
     return told;

@@ -257,15 +257,11 @@ private:
     // --- Acting.
     /// What the keyboard comes to in the window on top.
     QList<QWidget*> controls() const {
-        QList<QWidget*> all;
-        for (QWidget* control : m_top->findChildren<QWidget*>()) {
-            const bool reached = (control->focusPolicy() & Qt::TabFocus) != 0 ||
-                                 qobject_cast<QAbstractButton*>(control) != nullptr;
-            if (reached && control->isEnabled() && control->isVisible() &&
-                control->window() == m_top && control->focusProxy() == nullptr) {
-                all << control;
-            }
-        }
+        QList<QWidget*> all = test::controlsOf(*m_top);
+        all.removeIf([](const QWidget* control) {
+            return !control->isEnabled() || ((control->focusPolicy() & Qt::TabFocus) == 0 &&
+                                             !control->inherits("QAbstractButton"));
+        });
         return all;
     }
     void act(bool foolish) {
