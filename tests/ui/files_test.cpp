@@ -192,6 +192,9 @@ TEST_F(GameFile, IsChosenAmongEveryFileAndFoundAgain) {
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     EXPECT_EQ(desktop.chooseFileToSave(&owner), QString{});
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              (QStringList{"game.zhb", "no dot"}))
+        << "something is left behind";
 }
 
 }  // namespace

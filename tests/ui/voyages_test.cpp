@@ -71,6 +71,9 @@ TEST_F(Voyages, AreReportedAsLongAsTheyAreKept) {
         bar->setValue(reading ? 0 : bar->maximum());
         mainForm.appendText(std::string(1'000, '.'));
         EXPECT_EQ(bar->value(), reading ? 0 : bar->maximum());
+        bar->setValue(0);
+        mainForm.appendEntry(" - but an entry is shown to everybody");
+        EXPECT_EQ(bar->value(), bar->maximum());
     }
 }
 
