@@ -49,6 +49,8 @@ TEST(Words, HoldAsApproved) {
 TEST(Words, FillTheReportUpToTwentyThousandCharacters) {
     using namespace std::chrono;
     game::Report report;
+    report.append(std::string(20'001, 'x'));
+    EXPECT_EQ(report.trim(), "x");
     report.open(game::firstDay, " - Welcome Captain");
     report.append(".");
     report.addEntry(1860y / 2 / 15, " - A", " b");

@@ -1,5 +1,6 @@
 // Whole games in the real windows, played by somebody who never rests and presses anything. A game
-// is a run of the program in a process of its own, which may end as the real one does.
+// is a run of the program in a process of its own, which may end as the real one does. The toolkit's
+// threads do not come along, so nothing else may have been painted before.
 //
 //     ZHENBAO_SEED=7 tells the story of game 7; ZHENBAO_GAMES=20000 plays more of them.
 
