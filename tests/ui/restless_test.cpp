@@ -1,6 +1,6 @@
 // Whole games in the real windows, played by somebody who never rests and presses anything. A game
-// is a run of the program in a process of its own, which may end as the real one does. The toolkit's
-// threads do not come along, so nothing else may have been painted before.
+// is a run of the program in a process of its own, which may end as the real one does. The
+// toolkit's threads do not come along, so nothing else may have been painted before.
 //
 //     ZHENBAO_SEED=7 tells the story of game 7; ZHENBAO_GAMES=20000 plays more of them.
 
@@ -23,24 +23,22 @@ namespace {
 using game::GameState;
 using ui::fromRules, ui::plain;
 
+/// The lines of an approved text that are no comments.
+QStringList linesOf(const QString& name) {
+    QFile file(QString(ZHENBAO_APPROVED "/") + name);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+    return QString::fromUtf8(file.readAll()).split('\n').filter(QRegularExpression("^[^# ]"));
+}
+
 /// All that may come up and has to: windows, boxes, entries of the report and the like.
 struct Occasions {
-    QStringList rows =
-        QString(
-            "frmPirate \"Kwan Tat's Pirates\";frmStats \"You are a Millionaire!\";a rest;a wait;"
-            "a link;an absurd game;the program ended;the window closed;still playing")
-            .split(';');
+    QStringList rows = linesOf("windows.txt").filter(QRegularExpression("^frm(?!Main)")) +
+                       linesOf("occasions.txt");
     QList<QRegularExpression> patterns;
     std::atomic<int>* counts = static_cast<std::atomic<int>*>(  // in all games
         mmap(nullptr, 4'096, PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0));
 
     Occasions() {
-        for (const char* name : {"/windows.txt", "/entries.txt", "/boxes.txt"}) {
-            QFile file(QString(ZHENBAO_APPROVED) + name);
-            EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-            rows += QString::fromUtf8(file.readAll()).split('\n');
-        }
-        rows = rows.filter(QRegularExpression("^(?!    |[#>]|frmMain|msgBox).+"));
         for (const QString& row : rows) {  // `#` is a number, `*` anything
             QString pattern = QRegularExpression::escape(row);
             pattern.replace("\\#", "[\\d,]+").replace("\\*", ".*");
@@ -379,33 +377,19 @@ private:
     int m_step = 0;
 };
 
-/// Games to go on with: at the turns of a fortune, and such as no play leads to, but a file can:
-/// all load, and none may do harm afterwards.
 void layOutGames(const QDir& folder) {
     int files = 0;
-    const auto write = [&](const char* name, const std::string& figures) {
-        ui::writeGameFile(folder.filePath(name + QString::number(++files)), test::newGame(figures));
-    };
-    for (const char* turn : {"Debt=940000000000", "Debt=980000000000", "Bank=999999000000",
-                             "Bank=77000", "Cash=999999", "Cash=9999999 Status=50", "Status=2"}) {
-        const std::string rest = " MaxHold=460 Hold=50 SOpium=50 WOpium=10000 Payoff=11";
-        write("turn", turn + rest);
-    }
-    for (const char* absurd :
-         {"Date=0001-01-01", "Date=0100-01-31", "Date=9999-11-30", "Date=9999-12-31",
-          "At= ", "At=manila", "At=Atlantis", "At=<h1>&Macao</h1>", "Firm= ", "Firm=Smith&Sons",
-          "Firm=<b>x</b><img/src=y>", "Firm=\u202Eleft\u2067", "Firm=two\u2028lines\u2029\r\x01"}) {
-        write("absurd", absurd);
-    }
-    test::eachMember([&write](const std::string& name, auto member) {
-        if constexpr (std::is_same_v<decltype(member), game::Field>) {
-            for (const char* figure :
-                 {"=0", "=-5", "=1000", "=1000000000", "=100000000000000", "=0.0001",
-                  "=922337203685477.5807", "=-922337203685477.5808"}) {
-                write("absurd", name + figure);
+    for (const QString& line : linesOf("games.txt")) {
+        const auto write = [&](const QString& name, auto member) {
+            if (std::is_same_v<decltype(member), game::Field> &&
+                (line.contains("EVERY") || name == "Cash")) {
+                const QString file = line.section(' ', 0, 0) + QString::number(++files);
+                const QString figures = line.section(' ', 1).replace("EVERY", name);
+                ui::writeGameFile(folder.filePath(file), test::newGame(figures.toStdString()));
             }
-        }
-    });
+        };
+        test::eachMember(write);
+    }
 }
 
 /// Qt has nothing to complain about, but that there is no screen.
