@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QDir>
 #include <QTemporaryDir>
 
 /// What Qt and its plugins keep until the end of the process is not a leak of ours. A sanitized
@@ -19,7 +20,9 @@ int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     const int failed = RUN_ALL_TESTS();
-    EXPECT_TRUE(QDir(home.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot))
-        << "something is left behind";
+    QStringList left =
+        QDir(home.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot);
+    left.removeOne(".cache");  // of the fonts, where the system keeps none
+    EXPECT_EQ(left.join(' ').toStdString(), "") << "is left behind";
     return failed != 0 || testing::Test::HasFailure() ? 1 : 0;
 }
