@@ -45,6 +45,7 @@ std::string played(const std::string& name, Play play) {
     return told;
 }
 
+/// Plays every script of such a file and compares what is told with it.
 template <class Play>
 void expectScripts(const std::string& name, Play play) {
     expectApproved(name, played(name, play));

@@ -377,6 +377,7 @@ private:
     int m_step = 0;
 };
 
+/// Writes each game of games.txt: one of EVERY figure with each of them, any other a single time.
 void layOutGames(const QDir& folder) {
     int files = 0;
     for (const QString& line : linesOf("games.txt")) {
