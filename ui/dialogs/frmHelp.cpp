@@ -1,9 +1,9 @@
 #include "frmHelp.h"
 
-#include <QFile>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QResource>
 #include <QScrollBar>
 #include <QVBoxLayout>
 #include <QtMath>
@@ -44,9 +44,7 @@ QSize sizeOfScreen(const TextView& display) {
 }
 
 QString readAsset(const QString& name) {
-    QFile file(QStringLiteral(":/") + name);
-    file.open(QIODevice::ReadOnly);
-    return QString::fromUtf8(file.readAll());
+    return QString::fromUtf8(QResource(QStringLiteral(":/") + name).uncompressedData());
 }
 
 }  // namespace
