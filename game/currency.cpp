@@ -53,12 +53,14 @@ std::string moneyText(Currency amount) {
     for (std::size_t end = digits.size(); end > 3; end -= 3) {
         digits.insert(end - 3, 1, ',');
     }
-    return (negative ? "-$" : "$") + digits;
+    std::string text{negative ? "-$" : "$"};
+    return text += digits;
 }
 
 std::string plainText(Currency amount) {
     const std::uint64_t count = magnitude(amount.tenThousandths());
-    std::string text = (amount < 0 ? "-" : "") + std::to_string(count / Currency::scale);
+    std::string text{amount < 0 ? "-" : ""};
+    text += std::to_string(count / Currency::scale);
     if (const std::uint64_t decimals = count % Currency::scale; decimals != 0) {
         std::string tail = std::to_string(Currency::scale + decimals);
         tail.front() = '.';
