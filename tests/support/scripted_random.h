@@ -25,17 +25,18 @@ public:
     double draw(double span) override {
         if (m_anyDraws == 0) {
             const std::string die = next();
-            if (die == "0") {
-                return 0;
+            if (die == "0" || die == "1") {
+                return die == "0" ? 0 : std::nextafter(1.0, 0.0) * span;
             }
-            if (die == "1") {
-                return std::nextafter(1.0, 0.0) * span;
+            if (const std::size_t slash = die.find('/'); slash != die.npos) {
+                return face(number(die.substr(0, slash)), number(die.substr(slash + 1)), span);
             }
-            if (const std::size_t slash = die.find('/'); slash != std::string::npos) {
-                return face(number(die.substr(0, slash), die), number(die.substr(slash + 1), die),
-                            span);
+            if (!die.ends_with('-') && die != "*") {
+                throw std::runtime_error("not a draw: " + die);
             }
-            m_anyDraws = count(die);
+            m_anyDraws = die == "-"   ? 1
+                         : die == "*" ? endless
+                                      : static_cast<int>(number(die.substr(0, die.size() - 1)));
         }
         --m_anyDraws;
         return 0.99 * span;
@@ -50,7 +51,9 @@ public:
         return word;
     }
 
-    /// The words that nobody has asked for, empty where all were used.
+    [[nodiscard]] bool atEnd() { return (m_words >> std::ws).eof(); }
+
+    /// What nobody has asked for, empty where every word was used.
     [[nodiscard]] std::string rest() {
         std::string left;
         if (m_anyDraws > 0 && m_anyDraws < endless / 2) {
@@ -65,30 +68,16 @@ public:
 private:
     static constexpr int endless = std::numeric_limits<int>::max();
 
-    static double number(const std::string& text, const std::string& die) {
-        const auto amount = game::readDecimal(text);
-        return amount ? amount->toDouble() : throw std::runtime_error("no draw: " + die);
-    }
-    static int count(const std::string& die) {
-        if (die == "*") {
-            return endless;
-        }
-        if (die == "-") {
-            return 1;
-        }
-        const double draws = die.ends_with('-') ? number(die.substr(0, die.size() - 1), die) : 0;
-        return draws >= 1 ? static_cast<int>(draws) : throw std::runtime_error("no draw: " + die);
+    static double number(const std::string& text) {
+        const auto read = game::readDecimal(text);
+        return read ? read->toDouble() : throw std::runtime_error("not a number: " + text);
     }
     /// The middle of a face, which may be the narrower last one.
     static double face(double face, double sides, double span) {
-        std::ostringstream wrong;
-        if (std::abs(sides - span) > 1e-4) {
-            wrong << "the script rolls a die of " << sides << ", the rule one of " << span;
-            throw std::runtime_error(wrong.str());
-        }
         const double width = std::abs(span);
-        if (face < 1 || face - 1 > width) {
-            wrong << "a die of " << sides << " has no face " << face;
+        if (std::abs(sides - span) > 1e-4 || face < 1 || face - 1 > width) {
+            std::ostringstream wrong;
+            wrong << face << '/' << sides << " is no face of a die of " << span;
             throw std::runtime_error(wrong.str());
         }
         return std::copysign((face - 1 + std::min(face, width)) / 2, span);
