@@ -7,7 +7,7 @@
 
 namespace game {
 
-/// The one source of chance. Whatever draws takes it as a parameter.
+/// The source of chance. A function that draws takes it as a parameter.
 class Random {
 public:
     virtual ~Random() = default;
@@ -19,7 +19,7 @@ public:
     [[nodiscard]] virtual double draw(double span) { return Rnd() * span; }
 };
 
-/// The generator of the running game.
+/// The game's own generator.
 class Generator final : public Random {
 public:
     explicit Generator(std::uint64_t seed) : m_engine(seed) {}
@@ -38,13 +38,13 @@ private:
     return static_cast<int>(random.draw(sides)) + 1;
 }
 
-/// A whole number from `lowest` up over a width that need not be whole: Int(Rnd x `span`) +
-/// `lowest`. The floor is taken before the sum, which could round the highest draw up.
+/// A whole number from `lowest` up over a `span` that need not be whole: Int(Rnd x `span`) +
+/// `lowest`. The floor comes before the sum, which could round the highest draw up.
 [[nodiscard]] inline Currency drawFrom(Random& random, Currency lowest, double span) {
     return Int(random.draw(span)) + lowest;
 }
 
-/// From 1 to half of `amount`, rounded up where the half is not whole: what a misfortune takes.
+/// From 1 to half of `amount`, rounded up: what a misfortune takes.
 [[nodiscard]] inline Currency drawUpToHalf(Random& random, Currency amount) {
     return drawFrom(random, 1, amount.toDouble() / 2);
 }
