@@ -48,20 +48,10 @@ private:
     }
     std::size_t choose(const Options& options) override { return below(options.size()); }
     std::string type(Currency most) override {
-        switch (below(6)) {
-            case 0:
-                return {};
-            case 1:
-                return plainText(most);
-            case 2:
-                return moneyText(most + 1);
-            case 3:
-                return game::plainText(below(256));
-            case 4:
-                return plainText(Currency::highest());
-            default:
-                return std::string{m_bytes.substr(0, below(30))};
-        }
+        const std::array amounts{most, most + 1, Currency{below(256)}, Currency::highest()};
+        const std::size_t way = below(amounts.size() + 1);
+        return way < amounts.size() ? plainText(amounts.at(way))
+                                    : std::string{m_bytes.substr(0, below(30))};
     }
     bool playAgain() override { return true; }  // a No ends the program
 
@@ -106,15 +96,16 @@ inline bool isOrdinary(const GameState& state) {
 /// The first promise that a record in play breaks, if there is one.
 inline std::optional<std::string_view> brokenPromise(const GameState& state) {
     const auto each = [&](auto keeps) { return std::ranges::all_of(game::goods, keeps); };
+    const auto stocked = [&](auto& good) {
+        return std::min(state.*good.ship, state.*good.warehouse) >= 0;
+    };
     const Currency cargo = totalStock(state, Place::Ship);
     const std::pair<std::string_view, bool> promises[] = {
         {"the hold in use is cargo and 10 for each cannon",
          state.gcurHold == cargo + state.gcurCannons * game::holdPerCannon},
-        {"the hold takes its capacity", freeRoom(state, Place::Ship) >= 0},
-        {"the warehouse takes 10,000", freeRoom(state, Place::Warehouse) >= 0},
-        {"no stock aboard is negative", each([&](auto& good) { return state.*good.ship >= 0; })},
-        {"no stock ashore is negative",
-         each([&](auto& good) { return state.*good.warehouse >= 0; })},
+        {"hold and warehouse take what fits",
+         std::min(freeRoom(state, Place::Ship), freeRoom(state, Place::Warehouse)) >= 0},
+        {"no stock is negative", each(stocked)},
         {"no price is below a dollar", each([&](auto& good) { return state.*good.price >= 1; })},
         {"cash, bank and cannons are not negative",
          std::min({state.gcurCash, state.gcurBank, state.gcurCannons}) >= 0},
@@ -123,12 +114,8 @@ inline std::optional<std::string_view> brokenPromise(const GameState& state) {
         {"net worth is cash and bank less debt",
          state.gcurNetWorth == state.gcurCash + state.gcurBank - state.gcurDebt},
         {"a game is in play or over", state.gblnActiveGame != state.gblnGameOver}};
-    for (const auto& [promise, kept] : promises) {
-        if (!kept) {
-            return promise;
-        }
-    }
-    return std::nullopt;
+    const auto broken = std::ranges::find_if(promises, [](auto& row) { return !row.second; });
+    return broken == std::end(promises) ? std::nullopt : std::optional{broken->first};
 }
 
 /// A saved game, a zero byte, a seed for chance and then what a captain does, a byte a choice, at

@@ -16,17 +16,15 @@ inline void expectApproved(const std::string& name, const std::string& found) {
     if (std::getenv("ZHENBAO_APPROVE") != nullptr) {
         std::ofstream{path} << found;
     }
-    std::ifstream approvedLines{path};
-    std::istringstream foundLines{found};
+    std::ifstream file{path};
+    std::istringstream lines{found};
     std::string approved;
     std::string line;
-    for (int number = 1; std::getline(approvedLines, approved); ++number) {
-        const bool more = static_cast<bool>(std::getline(foundLines, line));
-        ASSERT_TRUE(more && line == approved) << name << ":" << number << ": found\n"
-                                              << line << "\nbut approved is\n"
-                                              << approved;
+    for (int number = 1; std::getline(file, approved); ++number) {
+        std::getline(lines, line);
+        ASSERT_EQ(line, approved) << name << ":" << number;
     }
-    EXPECT_FALSE(std::getline(foundLines, line)) << name << " ends before\n" << line;
+    EXPECT_FALSE(std::getline(lines, line)) << name << " ends before " << line;
 }
 
 /// Plays every script of such a file, a line that begins with `>`, and gives back the file with

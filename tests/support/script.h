@@ -64,11 +64,7 @@ private:
         const std::string word = next();
         const auto chosen = std::ranges::find(options, word);
         if (chosen == options.end()) {
-            std::string known;
-            for (const std::string_view option : options) {
-                known.append(" ").append(option);
-            }
-            throw std::runtime_error(word + " is none of" + known);
+            throw std::runtime_error(word + " is no option like " + std::string{options.front()});
         }
         return static_cast<std::size_t>(chosen - options.begin());
     }

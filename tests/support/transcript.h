@@ -50,22 +50,10 @@ public:
         add(" sink:", ships, "x", step);
     }
     void refresh() override { add(" refresh"); }
-    bool confirmDumping() override {
-        add(" dump?");
-        return answer();
-    }
-    bool playAgain() override {
-        add(" again?");
-        return answer();
-    }
-    void finish() override {
-        add(" finish");
-        finished = true;
-    }
-    void endProgram() override {
-        add(" the end");
-        finished = true;
-    }
+    bool confirmDumping() override { return ask(" dump?"); }
+    bool playAgain() override { return ask(" again?"); }
+    void finish() override { end(" finish"); }
+    void endProgram() override { end(" the end"); }
 
 protected:
     /// Yes to every question, unless a subclass answers.
@@ -86,6 +74,14 @@ protected:
     bool finished = false;  ///< the battle
 
 private:
+    bool ask(std::string_view question) {
+        add(question);
+        return answer();
+    }
+    void end(std::string_view how) {
+        add(how);
+        finished = true;
+    }
     static std::string_view text(std::string_view part) { return part; }
     static std::string text(game::Currency part) { return plainText(part); }
     static std::string text(game::Milliseconds part) { return std::to_string(part.count()); }
