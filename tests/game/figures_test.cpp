@@ -143,7 +143,7 @@ TEST(Calendar, MovesToTheSameDayOfTheNextMonth) {
         {"9998-12-31", "Jan 31, 9999"}, {"9999-12-31", "Dec 31, 9999"}};
     for (const auto& [day, later] : next) {
         game::GameDate date;
-        test::Figure::read(day, date);
+        ASSERT_TRUE(test::Figure::read(day, date));
         EXPECT_EQ(game::dateText(game::oneMonthLater(date)), later);
     }
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <sstream>
 #include <stdexcept>
 #include <string>
@@ -37,19 +38,22 @@ void eachMember(Visit visit) {
 
 /// A figure of the record in scripts.
 struct Figure {
-    static void read(const std::string& text, game::Currency& amount) {
-        amount = game::readDecimal(text).value();
+    static bool read(const std::string& text, game::Currency& amount) {
+        amount = game::readDecimal(text).value_or(0);
+        return game::readDecimal(text).has_value();
     }
-    static void read(const std::string& text, game::GameDate& date) {
+    static bool read(const std::string& text, game::GameDate& date) {
         const auto number = [&](std::size_t from) { return std::stoi(text.substr(from)); };
         date = std::chrono::year{number(0)} / number(5) / number(8);
+        return date.ok();
     }
-    static void read(const std::string& text, std::string& name) { name = text; }
-    static void read(const std::string& text, bool& flag) {
-        if (text != "yes" && text != "no") {
-            throw std::runtime_error("neither yes nor no: " + text);
-        }
+    static bool read(const std::string& text, std::string& name) {
+        name = text;
+        return true;
+    }
+    static bool read(const std::string& text, bool& flag) {
         flag = text == "yes";
+        return flag || text == "no";
     }
 
     static std::string text(game::Currency amount) { return plainText(amount); }
@@ -58,17 +62,18 @@ struct Figure {
     static std::string text(bool flag) { return flag ? "yes" : "no"; }
 };
 
-/// Changes one figure of a record. One that is unknown, or that changes nothing, throws.
+/// Changes one figure of a record. One that is unknown, wrong or without effect throws.
 inline void setFigure(game::GameState& state, const std::string& figure) {
-    const std::size_t equals = figure.find('=');
     const game::GameState before = state;
+    const std::size_t equals = std::min(figure.find('='), figure.size() - 1);
+    bool valid = true;
     eachMember([&](std::string_view name, auto member) {
         if (name == figure.substr(0, equals)) {
-            Figure::read(figure.substr(equals + 1), state.*member);
+            valid = Figure::read(figure.substr(equals + 1), state.*member);
         }
     });
-    if (equals == figure.npos || state == before) {
-        throw std::runtime_error("unknown or without effect: " + figure);
+    if (!valid || state == before || std::ranges::count(game::ports, state.gstrLocation) == 0) {
+        throw std::runtime_error("unknown, wrong or without effect: " + figure);
     }
 }
 

@@ -75,7 +75,7 @@ private:
     /// The middle of a face, which may be the narrower last one.
     static double face(double face, double sides, double span) {
         const double width = std::abs(span);
-        if (std::abs(sides - span) > 1e-4 || face < 1 || face - 1 > width) {
+        if (std::abs(sides - span) > 1e-4 || face < 1 || (face > 1 && face - 1 >= width)) {
             std::ostringstream wrong;
             wrong << face << '/' << sides << " is no face of a die of " << span;
             throw std::runtime_error(wrong.str());
