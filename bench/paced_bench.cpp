@@ -1,6 +1,6 @@
-// What the player watches: a passage without pirates and a battle, with their real waits in the
-// real windows. How long they take beside the waits they ask for, what they cost the processor,
-// and how soon a click is handled that comes during a wait.
+// A passage without pirates and a battle with their real waits in the real windows: how long they
+// take compared with the waits they ask for, their share of the processor, and how soon a click
+// during a wait is handled.
 
 #include <QMouseEvent>
 #include <QPushButton>
@@ -26,7 +26,7 @@ double processorMilliseconds() {
     return 1e3 * static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-/// Plays a scene several times and prints the medians of its time and its share of the processor.
+/// Plays a scene several times and prints the median time and share of the processor.
 template <class Scene>
 void measure(const char* name, bench::Play& play, int times, Scene scene) {
     std::vector<double> taken;
@@ -53,7 +53,7 @@ void measurePassages(bench::Play& play) {
     });
 }
 
-/// Takes the clicks of the measurement.
+/// Notes when it was clicked.
 class Target final : public QWidget {
 public:
     Clock::time_point clicked;
@@ -62,7 +62,7 @@ protected:
     void mousePressEvent(QMouseEvent* /*event*/) override { clicked = Clock::now(); }
 };
 
-/// Another thread posts a click at an arbitrary moment of a wait, as a window system would.
+/// Another thread posts a click during a wait, as a window system would.
 void measureClicks(ui::Desktop& desktop) {
     Target target;
     std::vector<double> latency;
@@ -88,7 +88,7 @@ void measureBattle(bench::Play& play) {
     state.gcurCannons = 10;
     state.gcurStatus = 100'000;  // stays afloat
     state.gcurMaxHold = 480;
-    play.dice.always = 0.999;  // as many pirates as there can be
+    play.dice.always = 0.999;  // the largest fleet
     ui::frmPirate form{play.form};
     form.show();
     ui::Delay(game::Milliseconds{500});

@@ -11,29 +11,22 @@
 
 namespace bench {
 
-/// The player's desktop with a note of the waits asked for. Boxes are answered at once.
-class Desktop final : public ui::Desktop {
+/// The real desktop, except that boxes are answered at once and waits are counted.
+class Desktop final : public ui::QtDesktop {
 public:
     game::Milliseconds asked{0};
-    bool hurried = false;  ///< no wait takes any time
+    bool hurried = false;  ///< waits take no time
 
     ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override { return box.byDefault; }
-    QString chooseFileToLoad(QWidget* /*owner*/) override { return {}; }
-    QString chooseFileToSave(QWidget* /*owner*/) override { return {}; }
-    void openLink(const QUrl& /*link*/) override {}
     void wait(game::Milliseconds duration) override {
         asked += duration;
         if (!hurried) {
-            m_real.wait(duration);
+            QtDesktop::wait(duration);
         }
     }
-    [[noreturn]] void endProgram() override { m_real.endProgram(); }
-
-private:
-    ui::QtDesktop m_real;
 };
 
-/// Fair, or always the same fraction.
+/// A fair generator, or one that always draws the same fraction.
 class Dice final : public game::Random {
 public:
     std::optional<double> always;

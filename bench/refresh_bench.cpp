@@ -1,4 +1,4 @@
-// What it costs to bring the main window up to date.
+// The cost of bringing the main window up to date.
 
 #include <benchmark/benchmark.h>
 
@@ -11,7 +11,7 @@
 
 namespace {
 
-/// The main window with a full report, of a game that goes on for as long as it is asked to.
+/// The main window with a full report, in a game that can go on as long as needed.
 class Life final : public bench::Play {
 public:
     Life() {
@@ -34,7 +34,7 @@ public:
     }
     void emptyReport() { form.beginGame(game::welcomeMessage); }
 
-    /// Goes on until it has seen so many voyages. Runs from every battle, closes what else opens.
+    /// Sails up to a number of voyages in all, runs from every battle and closes other dialogs.
     void sailUntil(std::int64_t voyages) {
         m_hand.start(0);
         for (; m_voyages < voyages; ++m_voyages) {
@@ -86,7 +86,7 @@ void everythingChanged(benchmark::State& run) {
     }
 }
 
-/// An entry at the beginning of a game, and the refresh.
+/// An entry and the refresh with an empty report.
 void emptyReport(benchmark::State& run) {
     Life life;
     for (auto _ : run) {
@@ -97,7 +97,7 @@ void emptyReport(benchmark::State& run) {
     }
 }
 
-/// An entry behind a full report, and the refresh that cuts as much off its front.
+/// An entry after a full report, and the refresh that cuts as much off its front.
 void fullReport(benchmark::State& run) {
     Life life;
     for (auto _ : run) {
@@ -105,7 +105,7 @@ void fullReport(benchmark::State& run) {
     }
 }
 
-/// The same in the window of a game that has seen so many voyages, one game for all of them.
+/// The same in a game that has seen a number of voyages; one game serves for all numbers.
 void fullReportAfter(benchmark::State& run) {
     static auto* const life = new Life;
     life->sailUntil(run.range());

@@ -1,11 +1,10 @@
 #include <benchmark/benchmark.h>
 
 #include "arrival.h"
+#include "captain.h"
 #include "events.h"
-#include "merchant.h"
 #include "new_game.h"
 #include "saved_game.h"
-#include "transcript.h"
 #include "visitors.h"
 
 namespace {
@@ -24,18 +23,18 @@ const game::GameState& aGame() {
 void arrivals(benchmark::State& run) {
     game::Generator random(1);
     test::Scene scene;
-    game::GameState merchant = aGame();
-    merchant.gcurCash = 100'000;
-    merchant.gcurSOpium = 10;
-    merchant.gcurHold = 10;
+    game::GameState begun = aGame();
+    begun.gcurCash = 100'000;
+    begun.gcurSOpium = 10;
+    begun.gcurHold = 10;
     for (const game::GoodRow& good : game::goods) {
-        merchant.*good.warehouse = 1'000;
+        begun.*good.warehouse = 1'000;
     }
-    game::GameState state = merchant;
+    game::GameState state = begun;
     std::size_t port = 0;
     for (auto _ : run) {
-        if (++port == 1'000) {  // anew now and then, lest the merchant ends rich or ruined
-            state = merchant;
+        if (++port == 1'000) {  // starts over before interest makes the figures extreme
+            state = begun;
             port = 0;
         }
         game::arrive(state, random, scene, game::ports.at(port % game::ports.size()));
@@ -62,17 +61,37 @@ void load(benchmark::State& run) {
 }
 BENCHMARK(load)->Unit(benchmark::kMicrosecond);
 
-/// Months of the sensible captain: trade, passage, battles, arrival and all.
+/// A captain who chooses at random and asks for as much as a list offers.
+class RandomCaptain final : public test::Captain {
+public:
+    using Captain::Captain;
+
+    /// Gives every order once; the last one sails.
+    void playMonth() {
+        for (const Deed& order : orders()) {
+            benchmark::DoNotOptimize(order.play(*this));
+        }
+    }
+
+private:
+    std::size_t choose(const Options& options) override {
+        return static_cast<std::size_t>(roll(m_random, static_cast<int>(options.size()))) - 1;
+    }
+    std::string type(game::Currency most) override { return plainText(most); }
+};
+
+/// Months of all orders, a passage, its battles and an arrival.
 void months(benchmark::State& run) {
     game::Generator random(1);
-    std::optional<bench::Merchant> merchant;
+    game::GameState state = aGame();
+    RandomCaptain captain(state, random);
     int month = 0;
     for (auto _ : run) {
-        if (month-- == 0 || merchant->hasSunk()) {
-            merchant.emplace(random, game::Scenario::CashAndDebt);
-            month = 240;
+        if (++month == 240 || !state.gblnActiveGame) {
+            state = aGame();
+            month = 0;
         }
-        merchant->playMonth();
+        captain.playMonth();
     }
     run.SetItemsProcessed(run.iterations());
 }

@@ -8,7 +8,11 @@ namespace game {
 
 namespace {
 
-void steerFor(GameState& state, Random& random, VoyageScene& scene, std::string_view destination) {
+constexpr double bankInterest = 0.005;  ///< of the balance, each month
+constexpr double debtInterest = 0.1;    ///< of the debt, each month
+
+/// Reaches `destination`, or another port if the ship is blown off course.
+void reachPort(GameState& state, Random& random, VoyageScene& scene, std::string_view destination) {
     state.gstrLocation = destination;
     if (roll(random, 25) != 1) {
         return;
@@ -42,7 +46,7 @@ void addInterest(Currency& balance, double rate) {
 void arrive(GameState& state, Random& random, VoyageScene& scene, std::string_view destination) {
     drawPrices(state, random);
     state.gdtmDate = oneMonthLater(state.gdtmDate);
-    steerFor(state, random, scene, destination);
+    reachPort(state, random, scene, destination);
     weatherStorm(state, random, scene);
     scene.appendEntry(" - Arriving at " + state.gstrLocation);
     addInterest(state.gcurBank, bankInterest);

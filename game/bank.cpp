@@ -1,6 +1,6 @@
 #include "bank.h"
 
-#include "trading.h"
+#include "refusals.h"
 
 namespace game {
 

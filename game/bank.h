@@ -6,7 +6,7 @@
 
 namespace game {
 
-/// The bank takes all the cash there is and gives back all it keeps, without a fee.
+/// All the cash, and the whole balance: the bank takes no fee.
 [[nodiscard]] Currency mostToDeposit(const GameState& state);
 [[nodiscard]] Currency mostToWithdraw(const GameState& state);
 
@@ -14,7 +14,7 @@ namespace game {
 [[nodiscard]] Refusal refuseDeposit(const GameState& state, Currency amount);
 [[nodiscard]] Refusal refuseWithdrawal(const GameState& state, Currency amount);
 
-/// Moves the money and gives back the message.
+/// Moves the money and returns the message.
 [[nodiscard]] std::string deposit(GameState& state, Currency amount);
 [[nodiscard]] std::string withdraw(GameState& state, Currency amount);
 

@@ -17,49 +17,54 @@ bool carriesCargo(const GameState& state) {
                        [&state](const GoodRow& good) { return state.*good.ship >= 1; });
 }
 
-/// The part of the hold's capacity that is in use.
+/// The part of the hold's capacity that is in use; none for a ship without capacity.
 double load(const GameState& state) {
     return state.gcurMaxHold == 0 ? 0 : state.gcurHold.toDouble() / state.gcurMaxHold.toDouble();
 }
 
-}  // namespace
-
-std::string_view attackers(const GameState& state) {
-    return tributeOverdue(state) ? "Kwan Tat's Pirates" : "Pirates";
-}
-
+/// From 3 ships to a tenth of the hold's capacity, twice as many if they are Kwan Tat's own. Never
+/// below 1 or above 48, whatever the capacity.
 Currency drawFleet(const GameState& state, Random& random) {
     const Currency ships = drawFrom(random, 3, state.gcurMaxHold.toDouble() / 10 - 3 + 1);
     return std::clamp(tributeOverdue(state) ? ships * 2 : ships, Currency{1},
                       Currency{largestFleet});
 }
 
+/// One of the ship's own shots: 40 in 100 sink a pirate.
 bool drawHit(Random& random) {
     return roll(random, 10) > 6;
 }
 
+/// A pirate's shot: 70 in 100 hit the ship.
 bool drawHitTaken(Random& random) {
     return roll(random, 10) > 3;
 }
 
+/// After a volley of the pirates: 1 in 25 has hit a cannon.
 bool drawCannonHit(Random& random) {
     return roll(random, 25) == 2;
 }
 
+/// 1 in 4 with an empty hold, 1 in 8 with a full one and in proportion between and beyond; cannons
+/// fill the hold too.
 bool drawEscape(const GameState& state, Random& random) {
     return drawFrom(random, 1, 4 * load(state) + 4) == 1;
 }
 
+/// 1 in 8: Kwan Tat's fleet is near.
 bool drawRescue(Random& random) {
     return roll(random, 8) == 1;
 }
 
-Currency drawShakenOff(Random& random, Currency enemyShips) {
-    return drawUpToHalf(random, enemyShips);
-}
-
+/// 300 to 1,350 dollars, one rate for every ship sunk.
 Currency drawBooty(Random& random, Currency shipsSunk) {
     return drawFrom(random, 300, 1'051) * shipsSunk;
+}
+
+}  // namespace
+
+std::string_view attackers(const GameState& state) {
+    return tributeOverdue(state) ? "Kwan Tat's Pirates" : "Pirates";
 }
 
 void Battle::open() {
@@ -105,7 +110,7 @@ void Battle::run() {
         m_scene.finish();
         return;
     }
-    const Currency shakenOff = drawShakenOff(m_random, mcurEnemyShips);
+    const Currency shakenOff = drawUpToHalf(m_random, mcurEnemyShips);
     m_scene.report("Can't lose 'em, but we escaped from " + plainText(shakenOff));
     mcurEnemyShips -= shakenOff;
     m_scene.showFleet(mcurEnemyShips);
@@ -144,9 +149,9 @@ void Battle::awaitOrders() {
     m_scene.setOrderEnabled(BattleOrder::DumpCargo, carriesCargo(m_state));
 }
 
-void Battle::report(std::string_view text, Milliseconds reading) {
+void Battle::report(std::string_view text, Milliseconds pause) {
     m_scene.report(text);
-    m_scene.wait(reading);
+    m_scene.wait(pause);
 }
 
 const FightPace& Battle::fightPace() const {

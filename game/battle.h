@@ -10,39 +10,17 @@ namespace game {
 
 inline constexpr int largestFleet = 48;
 
-/// Who is sighted: pirates of their own account, or those of Kwan Tat.
+/// "Pirates", or "Kwan Tat's Pirates" while his tribute is overdue.
 [[nodiscard]] std::string_view attackers(const GameState& state);
 
-/// From 3 ships to a tenth of the hold's capacity, twice as many where they are Kwan Tat's own.
-/// Never below 1 or above 48, whatever the capacity.
-[[nodiscard]] Currency drawFleet(const GameState& state, Random& random);
-
-/// One of the ship's own shots: 40 in 100 sink a pirate.
-[[nodiscard]] bool drawHit(Random& random);
-/// A pirate's shot: 70 in 100 hit the ship.
-[[nodiscard]] bool drawHitTaken(Random& random);
-/// After a volley of the pirates: 1 in 25 has hit a cannon.
-[[nodiscard]] bool drawCannonHit(Random& random);
-
-/// 1 in 4 with an empty hold, 1 in 8 with a full one and in proportion between and beyond; cannons
-/// load the hold too. A ship without capacity runs as an empty one.
-[[nodiscard]] bool drawEscape(const GameState& state, Random& random);
-/// 1 in 8: Kwan Tat's fleet is near.
-[[nodiscard]] bool drawRescue(Random& random);
-/// The ships that lose sight of the runner: from 1 to half of them, rounded up.
-[[nodiscard]] Currency drawShakenOff(Random& random, Currency enemyShips);
-
-/// 300 to 1,350 dollars, one rate for every ship sunk.
-[[nodiscard]] Currency drawBooty(Random& random, Currency shipsSunk);
-
-/// One encounter with pirates, from their sighting to its outcome. An order is played to its end
-/// before it returns.
+/// One encounter with pirates, from the sighting to the outcome. Each order returns when it has
+/// been played to its end.
 class Battle {
 public:
     Battle(GameState& state, Random& random, BattleScene& scene)
         : m_state(state), m_random(random), m_scene(scene) {}
 
-    /// Sights the fleet and awaits orders.
+    /// Draws and shows the fleet, and waits for orders.
     void open();
 
     void fight();
@@ -54,12 +32,12 @@ public:
 private:
     void withdrawOrders();
     void awaitOrders();
-    void report(std::string_view text, Milliseconds reading);
+    void report(std::string_view text, Milliseconds pause);
     [[nodiscard]] const FightPace& fightPace() const;
 
-    /// False where it sank the last pirate.
+    /// False if it sank the last pirate.
     [[nodiscard]] bool fireVolley();
-    /// False where it sank the ship.
+    /// False if it sank the ship.
     bool EnemyFire();
     void takeHit();
     void loseCannon();

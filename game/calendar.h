@@ -18,7 +18,7 @@ inline constexpr std::chrono::year firstYear{1};
 inline constexpr std::chrono::year lastYear{9999};
 
 /// The same day of the next month, or that month's last day where it is shorter. The calendar
-/// ends with the year 9999: from its last month the date no longer moves.
+/// ends with the year 9999: in its last month the date stays.
 [[nodiscard]] GameDate oneMonthLater(const GameDate& date);
 
 /// Calendar-month boundaries from January 1860 to `date`: 0 in the first month, negative before.

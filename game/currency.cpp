@@ -32,7 +32,7 @@ Currency Int(double value) {
     if (std::isnan(whole)) {
         return 0;
     }
-    constexpr double limit = 1e15;  // every amount lies within, every whole number there is exact
+    constexpr double limit = 1e15;  // above every amount; whole numbers below it are exact
     if (whole >= limit) {
         return Currency::highest();
     }

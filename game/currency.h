@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <compare>
 #include <concepts>
 #include <cstdint>
@@ -14,7 +15,7 @@ namespace game {
 ///
 /// A whole number of ten-thousandths in 64 bits. Sums, differences, products and readings from a
 /// double stop at the ends of that range instead of wrapping, so no figure of a saved game or a
-/// paste can turn a fortune into a debt.
+/// pasted text can turn a fortune into a debt.
 class Currency {
 public:
     static constexpr std::int64_t scale = 10'000;
@@ -24,7 +25,7 @@ public:
     /// A whole number of dollars, units or percent.
     template <std::integral Whole>
     constexpr Currency(Whole whole)  // NOLINT(google-explicit-constructor): a number is an amount
-        : m_tenThousandths(saturated(static_cast<Wide>(whole) * scale)) {}
+        : m_tenThousandths(clamped<std::int64_t>(static_cast<Wide>(whole) * scale)) {}
 
     static constexpr Currency fromTenThousandths(std::int64_t count) {
         Currency amount;
@@ -43,14 +44,8 @@ public:
     [[nodiscard]] constexpr double toDouble() const {
         return static_cast<double>(m_tenThousandths) / scale;
     }
-    /// The whole part for controls that count in int; what is beyond int stops at its ends.
-    [[nodiscard]] constexpr int toInt() const {
-        using Int = std::numeric_limits<int>;
-        const std::int64_t whole = m_tenThousandths / scale;
-        return whole < Int::min()   ? Int::min()
-               : whole > Int::max() ? Int::max()
-                                    : static_cast<int>(whole);
-    }
+    /// The whole part for controls that count in int; beyond int it stops at its ends.
+    [[nodiscard]] constexpr int toInt() const { return clamped<int>(m_tenThousandths / scale); }
 
     friend constexpr auto operator<=>(Currency, Currency) = default;
 
@@ -73,13 +68,14 @@ public:
 private:
     __extension__ using Wide = __int128;
 
-    static constexpr std::int64_t saturated(Wide count) {
-        using Range = std::numeric_limits<std::int64_t>;
-        return count < Range::min()   ? Range::min()
-               : count > Range::max() ? Range::max()
-                                      : static_cast<std::int64_t>(count);
+    template <class Number>
+    static constexpr Number clamped(Wide count) {
+        using Range = std::numeric_limits<Number>;
+        return static_cast<Number>(std::clamp<Wide>(count, Range::min(), Range::max()));
     }
-    static constexpr Currency fromWide(Wide count) { return fromTenThousandths(saturated(count)); }
+    static constexpr Currency fromWide(Wide count) {
+        return fromTenThousandths(clamped<std::int64_t>(count));
+    }
 
     std::int64_t m_tenThousandths = 0;
 };
@@ -88,7 +84,7 @@ private:
 [[nodiscard]] Currency Int(double value);
 
 /// How many whole times `each` goes into `total`, in double precision and rounded down: what a
-/// sum of money affords at a price. Nothing (0) where `each` is 0, since nothing has no price.
+/// sum of money affords at a price. 0 where `each` is 0.
 [[nodiscard]] Currency wholeTimes(Currency total, Currency each);
 
 /// The amount without its sign.
@@ -103,7 +99,7 @@ private:
 [[nodiscard]] std::string plainText(Currency amount);
 
 /// Reads what plainText writes: an optional minus, digits, and optionally a point with decimals
-/// (rounded to four). Anything else, or a figure out of range, reads as nothing.
+/// (rounded to four). Returns nothing for any other text and for a figure out of range.
 [[nodiscard]] std::optional<Currency> readDecimal(std::string_view text);
 
 }  // namespace game

@@ -6,9 +6,9 @@
 
 namespace game {
 
-/// What chance brings on an arrival, in this order: the offer of a cannon, the offer of a ship,
-/// an opium seizure, a robbery, a theft from the warehouse and a price shock. Each draws before
-/// it looks at its condition; none depends on the port.
+/// The events of an arrival, in this order: the offer of a cannon, the offer of a ship, an opium
+/// seizure, a robbery, a theft from the warehouse and a price shock. Each draws before it checks
+/// its condition; none depends on the port.
 void meetEvents(GameState& state, Random& random, VoyageScene& scene);
 
 }  // namespace game

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "trading.h"
+#include "refusals.h"
 
 namespace game {
 

@@ -15,7 +15,7 @@ enum class Scenario {
 inline constexpr std::string_view defaultFirm = "Zhenbao";
 inline constexpr std::string_view welcomeMessage = " - Welcome Captain";
 
-/// Begins a game in Hong Kong, drawing the opening prices. The prices of past offers, the score
+/// Begins a game in Hong Kong and draws the opening prices. The prices of past offers, the score
 /// and the rank stay as they are.
 void startGame(GameState& state, Random& random, Scenario scenario, std::string firm);
 

@@ -6,7 +6,7 @@ namespace game {
 
 using Milliseconds = std::chrono::milliseconds;
 
-/// How long everything lasts that the player watches. The waits pace the game and are rules.
+/// The durations of everything that the player watches. The waits are rules of the game.
 namespace pace {
 inline constexpr Milliseconds passageStep{90};
 inline constexpr Milliseconds alertFlash{20};
@@ -23,8 +23,6 @@ struct FightPace {
     Milliseconds sunkReport;
     Milliseconds afterHit;
     Milliseconds cannonHit;
-
-    bool operator==(const FightPace&) const = default;
 };
 
 namespace pace {

@@ -1,18 +1,22 @@
 #include "purchases.h"
 
+#include "refusals.h"
+
 namespace game {
 
 namespace {
 
+constexpr Currency largerShipHold = 50;  ///< hold units that a larger ship adds
+
 Refusal refusePrice(const GameState& state, Currency price) {
-    return price > state.gcurCash ? Refusal{"Insufficient Funds     "} : std::nullopt;
+    return price > state.gcurCash ? Refusal{insufficientFundsForPurchase} : std::nullopt;
 }
 
 }  // namespace
 
 Refusal refuseCannon(const GameState& state) {
     if (state.gcurHold + holdPerCannon > state.gcurMaxHold) {
-        return "Insufficient Hold     ";
+        return insufficientHoldForCannon;
     }
     return refusePrice(state, state.gcurPCannon);
 }

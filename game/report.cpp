@@ -8,7 +8,7 @@ namespace {
 
 constexpr std::size_t continuationIndent = 23;  ///< blanks
 
-/// In UTF-8 every byte begins a character but those of the form 10xxxxxx.
+/// In UTF-8 every byte begins a character except those of the form 10xxxxxx.
 constexpr bool beginsCharacter(char byte) {
     return (static_cast<unsigned char>(byte) & 0xC0U) != 0x80U;
 }
@@ -47,9 +47,9 @@ std::string Report::trim() {
             ++end;
         } while (end < m_text.size() && !beginsCharacter(m_text[end]));
     }
-    std::string fallen = m_text.substr(0, end);
+    std::string cut = m_text.substr(0, end);
     m_text.erase(0, end);
-    return fallen;
+    return cut;
 }
 
 }  // namespace game

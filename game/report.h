@@ -18,19 +18,18 @@ public:
 
     [[nodiscard]] const std::string& text() const { return m_text; }
 
-    /// Throws everything away and opens with an entry that has no line break in front.
+    /// Empties the report and begins it with an entry that has no line break in front.
     void open(const GameDate& date, std::string_view message);
 
-    /// A line break, the date and the message, and where a continuation is given a second line
-    /// of 23 blanks and the continuation. Gives back what was added.
+    /// Adds a line break, the date and the message and, for a continuation, a second line of 23
+    /// blanks and the continuation. Returns what was added.
     std::string addEntry(const GameDate& date, std::string_view message,
                          std::string_view continuation = {});
 
-    /// Adds text as it stands, without a line break.
+    /// Adds text as it is, without a line break.
     void append(std::string_view text);
 
-    /// Cuts the report to its last 20,000 characters, even inside a line. Gives back what fell
-    /// off the front.
+    /// Cuts the report to its last 20,000 characters, even inside a line. Returns what was cut.
     std::string trim();
 
 private:

@@ -1,6 +1,7 @@
 #include "saved_game.h"
 
 #include <algorithm>
+#include <charconv>
 #include <tuple>
 
 namespace game {
@@ -47,15 +48,12 @@ bool read(std::string_view value, GameDate& date) {
         return false;
     }
     const auto number = [value](std::size_t from, std::size_t width) {
-        int read = 0;
-        for (const char digit : value.substr(from, width)) {
-            read = read * 10 + (digit - '0');
-        }
-        return read;
+        unsigned count = 0;
+        std::from_chars(value.data() + from, value.data() + from + width, count);
+        return count;
     };
-    date = GameDate{std::chrono::year{number(1, 4)},
-                    std::chrono::month{static_cast<unsigned>(number(6, 2))},
-                    std::chrono::day{static_cast<unsigned>(number(9, 2))}};
+    date = GameDate{std::chrono::year{static_cast<int>(number(1, 4))},
+                    std::chrono::month{number(6, 2)}, std::chrono::day{number(9, 2)}};
     return date.ok() && date.year() >= firstYear;
 }
 bool read(std::string_view value, std::string& text) {
@@ -79,24 +77,20 @@ bool read(std::string_view value, bool& flag) {
     return flag || value == no;
 }
 
-/// Where the first comma outside double quotes is, if there is one.
-std::size_t findPartingComma(std::string_view line) {
-    std::ptrdiff_t quotes = 0;
-    std::size_t comma = line.find(',');
-    for (std::size_t start = 0; comma != std::string_view::npos; comma = line.find(',', start)) {
-        quotes += std::ranges::count(line.substr(start, comma - start), '"');
-        if (quotes % 2 == 0) {
-            break;
-        }
-        start = comma + 1;
-    }
-    return comma;
+/// The length of the first value of `line`, which ends at a comma outside double quotes.
+std::size_t valueLength(std::string_view line) {
+    bool quoted = false;
+    const auto endsValue = [&quoted](char character) {
+        quoted = quoted != (character == '"');
+        return character == ',' && !quoted;
+    };
+    return static_cast<std::size_t>(std::ranges::find_if(line, endsValue) - line.begin());
 }
 
-/// Takes the next value off the front of `text`; behind the last one there are only empty ones.
+/// Takes the next value off the front of `text`; after the last one all are empty.
 std::string_view takeValue(std::string_view& text) {
     const std::string_view line = text.substr(0, text.find('\n'));
-    std::string_view value = line.substr(0, findPartingComma(line));
+    std::string_view value = line.substr(0, valueLength(line));
     text.remove_prefix(std::min(value.size() + 1, text.size()));
     if (value.ends_with('\r')) {
         value.remove_suffix(1);

@@ -2,16 +2,29 @@
 
 #include <algorithm>
 
-#include "amount.h"
-#include "trading.h"
+#include "refusals.h"
 
 namespace game {
 
 namespace {
 
-/// The price as it is shown and asked for.
+/// Dollars for one percent of condition: ten for each unit of the ship's capacity.
+Currency pointPrice(const GameState& state) {
+    return state.gcurMaxHold * 10;
+}
+
+/// Whole points that the cash pays for; none for a ship without capacity.
+Currency affordablePoints(const GameState& state) {
+    return wholeTimes(state.gcurCash, pointPrice(state));
+}
+
+/// The price in whole dollars, halves rounded up, because the window shows it so and the player
+/// pays what is shown. Only a saved game with an odd capacity has other prices; a negative one is
+/// paid without its sign.
 Currency billed(Currency price) {
-    return MakeNumber(moneyText(price));
+    const Currency halfDollar = Currency::fromTenThousandths(Currency::scale / 2);
+    const std::int64_t rounded = (absolute(price) + halfDollar).tenThousandths();
+    return Currency::fromTenThousandths(rounded - rounded % Currency::scale);
 }
 
 std::string restore(GameState& state, Currency points, Currency price) {
@@ -22,14 +35,6 @@ std::string restore(GameState& state, Currency points, Currency price) {
 }
 
 }  // namespace
-
-Currency pointPrice(const GameState& state) {
-    return state.gcurMaxHold * 10;
-}
-
-Currency affordablePoints(const GameState& state) {
-    return wholeTimes(state.gcurCash, pointPrice(state));
-}
 
 Currency offeredCondition(const GameState& state, Currency wanted) {
     return std::max(std::min(wanted, state.gcurStatus + affordablePoints(state)), state.gcurStatus);

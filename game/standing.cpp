@@ -4,15 +4,20 @@
 
 namespace game {
 
+namespace {
+
 std::string_view rankName(Currency score) {
     const auto reached = std::find_if(ranks.rbegin(), ranks.rend() - 1,
                                       [score](const RankRow& rank) { return score >= rank.from; });
     return reached->name;
 }
 
+/// `months` is above 0.
 Currency score(Currency netWorth, int months) {
     return wholeTimes(netWorth, Currency{100} * months);
 }
+
+}  // namespace
 
 void updateStanding(GameState& state) {
     state.gcurNetWorth = state.gcurBank + state.gcurCash - state.gcurDebt;

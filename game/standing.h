@@ -24,25 +24,20 @@ inline constexpr std::array<RankRow, 5> ranks{{
 inline constexpr Currency million = 1'000'000;
 inline constexpr Currency trillion = 1'000'000'000'000;
 
-[[nodiscard]] std::string_view rankName(Currency score);
-
-/// Net worth / (100 x months elapsed), rounded down; `months` is above 0.
-[[nodiscard]] Currency score(Currency netWorth, int months);
-
 /// Recomputes net worth, score and rank. The score stays as it was in the first month.
 void updateStanding(GameState& state);
 
-/// A first million, below a trillion, that has not been announced in this game.
+/// From a million up to a trillion, unless the notice was shown in this game.
 [[nodiscard]] bool millionaireNoticeDue(const GameState& state);
 [[nodiscard]] bool isTrillionaire(const GameState& state);
 [[nodiscard]] bool isBankrupt(const GameState& state);
-/// From a million on the trader may retire.
+/// From a million dollars of net worth on.
 [[nodiscard]] bool mayRetire(const GameState& state);
 
 inline constexpr std::string_view bankruptcyQuestion =
     "Zhenbao, you are Bankrupt.  Would you like to play again?   ";
 
-/// The game has ended; only a new one can follow.
+/// Ends the game; only a new one can follow.
 void endGame(GameState& state);
 
 }  // namespace game

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 
+#include "refusals.h"
+
 namespace game {
 
 namespace {
@@ -31,6 +33,10 @@ std::string tradeMessage(const GameState& state, std::string_view verb, std::str
 }
 
 }  // namespace
+
+std::string_view insufficientRoom(Place place) {
+    return place == Place::Ship ? insufficientHold : insufficientStorage;
+}
 
 Currency mostToBuy(const GameState& state, const TradeOrder& order, Good good) {
     PerGood others = order.amounts;

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "amount.h"
+#include "refusals.h"
 #include "trading.h"
 
 namespace game {

@@ -6,6 +6,25 @@ namespace game {
 
 namespace {
 
+/// What Kwan Tat asks for: up to a twentieth of the net worth of the last refresh and, if that is
+/// below 20, 21 to 100 more, without its sign.
+Currency drawTribute(const GameState& state, Random& random) {
+    const Currency tribute = drawFrom(random, 1, state.gcurNetWorth.toDouble() / 20);
+    return tribute < 20 ? absolute(tribute + drawFrom(random, 21, 80)) : tribute;
+}
+
+/// Takes the tribute from the cash. What is missing is added to the debt and returned.
+Currency payTribute(GameState& state, Currency tribute) {
+    state.gcurCash -= tribute;
+    if (state.gcurCash >= 0) {
+        return 0;
+    }
+    const Currency missing = absolute(state.gcurCash);
+    state.gcurDebt += missing;
+    state.gcurCash = 0;
+    return missing;
+}
+
 void requestTribute(GameState& state, Random& random, VoyageScene& scene) {
     const Currency tribute = drawTribute(state, random);
     const std::string amount = moneyText(tribute);
@@ -22,22 +41,6 @@ void requestTribute(GameState& state, Random& random, VoyageScene& scene) {
 }
 
 }  // namespace
-
-Currency drawTribute(const GameState& state, Random& random) {
-    const Currency tribute = drawFrom(random, 1, state.gcurNetWorth.toDouble() / 20);
-    return tribute < 20 ? absolute(tribute + drawFrom(random, 21, 80)) : tribute;
-}
-
-Currency payTribute(GameState& state, Currency tribute) {
-    state.gcurCash -= tribute;
-    if (state.gcurCash >= 0) {
-        return 0;
-    }
-    const Currency missing = absolute(state.gcurCash);
-    state.gcurDebt += missing;
-    state.gcurCash = 0;
-    return missing;
-}
 
 void receiveVisitors(GameState& state, Random& random, VoyageScene& scene) {
     if (!inHongKong(state)) {

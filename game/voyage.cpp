@@ -10,6 +10,10 @@ namespace game {
 
 namespace {
 
+constexpr int encounterSides = 110;  ///< a step meets pirates when this die ...
+constexpr int encounterFace = 5;     ///< ... shows this face
+constexpr int mostEncounters = 2;    ///< in a voyage
+
 void depart(const GameState& state, VoyageScene& scene) {
     for (const Order order : orders) {
         scene.setOrderEnabled(order, false);

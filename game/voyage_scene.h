@@ -13,7 +13,7 @@ enum class Alert {
     News,        ///< cyan: the market and the offer of a ship
 };
 
-/// Everything a voyage asks of whoever shows it.
+/// Everything that a voyage asks of the window that shows it.
 class VoyageScene {
 public:
     virtual ~VoyageScene() = default;
@@ -21,7 +21,7 @@ public:
     /// A dated entry of the report; with a continuation it has a second line.
     virtual void appendEntry(std::string_view message, std::string_view continuation) = 0;
     void appendEntry(std::string_view message) { appendEntry(message, {}); }
-    /// Text behind the last entry, without a line break.
+    /// Text at the end of the last entry, without a line break.
     virtual void appendText(std::string_view text) = 0;
     /// The report flashes for pace::alertFlash.
     virtual void flash(Alert alert) = 0;

@@ -7,59 +7,55 @@
 #include <string>
 
 #include "captain.h"
+#include "games.h"
 #include "saved_game.h"
 #include "standing.h"
 
 namespace fuzz {
 
-/// Text from outside, as a fuzzer or its corpus has it. What breaks a promise aborts.
+/// Takes text from outside, from a fuzzer or its corpus. A broken promise aborts.
 using Target = void (*)(std::string_view text);
 
 using game::Currency;
 using game::GameState;
+using game::Place;
 
-inline void require(bool holds, const char* what) {
+inline void require(bool holds, std::string_view what) {
     if (!holds) {
         std::cerr << "broken: " << what << '\n';
         std::abort();
     }
 }
 
-/// A captain who reads what he does off the bytes of a text; where they end he is done.
+/// A captain who makes each choice by a byte of a text, and the first option after its end.
 class Player final : public test::Captain {
 public:
-    Player(GameState& state, std::string_view choices)
-        : Captain(state, m_generator), m_choices(choices), m_generator(choose(256)) {}
+    Player(GameState& state, std::string_view bytes)
+        : Captain(state, m_generator), m_bytes(bytes), m_generator(below(256)) {}
 
-    std::size_t choose(std::string_view words) override {
-        return choose(static_cast<std::size_t>(std::ranges::count(words, ' ')) + 1);
-    }
-    [[nodiscard]] bool done() const { return m_choices.empty() || !m_state.gblnActiveGame; }
+    [[nodiscard]] bool done() const { return m_bytes.empty() || !m_state.gblnActiveGame; }
+
+    void giveOrder() { (void)orders().at(below(orders().size())).play(*this); }
 
 private:
-    std::size_t choose(std::size_t ways) {
-        if (m_choices.empty()) {
+    std::size_t below(std::size_t end) {
+        if (m_bytes.empty()) {
             return 0;
         }
-        const auto choice = static_cast<unsigned char>(m_choices.front());
-        m_choices.remove_prefix(1);
-        return choice % ways;
+        const auto byte = static_cast<unsigned char>(m_bytes.front());
+        m_bytes.remove_prefix(1);
+        return byte % end;
     }
-    /// As the player types it: nothing, all there is, a little more, a number, anything.
+    std::size_t choose(const Options& options) override { return below(options.size()); }
     std::string type(Currency most) override {
-        const std::size_t way = choose(6);
-        return way == 0   ? std::string{}
-               : way == 1 ? game::plainText(most)
-               : way == 2 ? game::moneyText(most + 1)
-               : way == 3 ? game::plainText(choose(256))
-               : way == 4 ? game::plainText(Currency::highest())
-                          : std::string{m_choices.substr(0, choose(30))};
+        const std::array amounts{most, most + 1, Currency{below(256)}, Currency::highest()};
+        const std::size_t way = below(amounts.size() + 1);
+        return way < amounts.size() ? plainText(amounts.at(way))
+                                    : std::string{m_bytes.substr(0, below(30))};
     }
+    bool playAgain() override { return true; }  // a No ends the program
 
-    bool confirmDumping() override { return true; }
-    bool playAgain() override { return true; }
-
-    std::string_view m_choices;
+    std::string_view m_bytes;
     game::Generator m_generator;
 };
 
@@ -85,8 +81,46 @@ inline void number(std::string_view text) {
             "a list of amounts is short, starts with 0 and ends with its maximum");
 }
 
+/// Whether every figure is whole and no product of two can reach the end of an amount.
+inline bool isOrdinary(const GameState& state) {
+    bool ordinary = true;
+    test::eachMember([&](std::string_view /*name*/, auto member) {
+        if constexpr (std::is_same_v<decltype(member), game::Field>) {
+            ordinary = ordinary && absolute(state.*member) < 20'000'000 &&
+                       (state.*member).tenThousandths() % Currency::scale == 0;
+        }
+    });
+    return ordinary;
+}
+
+/// The first promise that a record in play breaks, if there is one.
+inline std::optional<std::string_view> brokenPromise(const GameState& state) {
+    const auto each = [&](auto keeps) { return std::ranges::all_of(game::goods, keeps); };
+    const auto stocked = [&](auto& good) {
+        return std::min(state.*good.ship, state.*good.warehouse) >= 0;
+    };
+    const Currency cargo = totalStock(state, Place::Ship);
+    const std::pair<std::string_view, bool> promises[] = {
+        {"the hold in use is cargo and 10 for each cannon",
+         state.gcurHold == cargo + state.gcurCannons * game::holdPerCannon},
+        {"hold and warehouse take what fits",
+         std::min(freeRoom(state, Place::Ship), freeRoom(state, Place::Warehouse)) >= 0},
+        {"no stock is negative", each(stocked)},
+        {"no price is below a dollar", each([&](auto& good) { return state.*good.price >= 1; })},
+        {"cash, bank and cannons are not negative",
+         std::min({state.gcurCash, state.gcurBank, state.gcurCannons}) >= 0},
+        {"a ship is in a condition of 1 to 100 percent, or sunk",
+         state.gcurStatus <= 100 && state.gcurStatus >= (state.gblnActiveGame ? 1 : 0)},
+        {"net worth is cash and bank less debt",
+         state.gcurNetWorth == state.gcurCash + state.gcurBank - state.gcurDebt},
+        {"a game is in play or over", state.gblnActiveGame != state.gblnGameOver}};
+    const auto broken = std::ranges::find_if(promises, [](auto& row) { return !row.second; });
+    return broken == std::end(promises) ? std::nullopt : std::optional{broken->first};
+}
+
 /// A saved game, a zero byte, a seed for chance and then what a captain does, a byte a choice, at
-/// most 200 orders. What was played is saved and goes on as it was.
+/// most 200 orders. No order breaks a promise that the record kept before, and the game goes on
+/// as it was saved.
 inline void play(std::string_view text) {
     const std::string_view file = text.substr(0, text.find('\0'));
     const std::optional<GameState> read = game::readSavedGame(file);
@@ -98,8 +132,14 @@ inline void play(std::string_view text) {
     game::updateStanding(state);
     Player player(state, text.substr(std::min(file.size() + 1, text.size())));
     for (int order = 0; order < 200 && !player.done(); ++order) {
-        (void)player.play(player.choose(test::Captain::orders));
+        const bool sound = isOrdinary(state) && !brokenPromise(state);
+        const game::GameDate date = state.gdtmDate;
+        player.giveOrder();
         game::updateStanding(state);
+        const auto broken = sound ? brokenPromise(state) : std::nullopt;
+        require(!broken, broken.value_or(""));
+        require(state.gdtmDate == date || state.gdtmDate == game::oneMonthLater(date),
+                "a voyage takes a month");
     }
     const std::optional<GameState> saved = game::readSavedGame(game::writeSavedGame(state));
     require(saved.has_value(), "a game that was played is saved and loads again");

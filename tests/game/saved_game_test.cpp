@@ -4,17 +4,18 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <regex>
 
-#include "approved.h"
 #include "games.h"
 #include "targets.h"
 
 namespace {
 
 using game::GameState;
+using namespace std::string_literals;
 
-/// A record of nothing but different figures, and its file.
+/// A record in which every figure is different, and its file.
 const GameState someGame = test::newGame(
     "Date=0001-10-09 Firm=Smith,Jones&Co, Cannons=4 Status=5 Hold=6 MaxHold=7 SOpium=8 SSilk=9 "
     "SArms=10 SGeneral=11 WOpium=12 WSilk=13 WArms=14 WGeneral=15 POpium=16 PSilk=17 PArms=18 "
@@ -25,13 +26,12 @@ const std::string someFile =
     "11\r\n12\r\n13\r\n14\r\n15\r\n16\r\n17\r\n18\r\n19\r\n20\r\n21\r\n22\r\n23\r\n24\r\n25\r\n"
     "#TRUE#\r\n";
 
-/// A text with something else for whatever matches a pattern.
-std::string with(const std::string& other, const std::string& pattern,
-                 const std::string& text = someFile) {
-    return std::regex_replace(text, std::regex(pattern), other);
+/// The file with something else wherever a pattern matches.
+std::string fileWith(const std::string& pattern, const std::string& other) {
+    return std::regex_replace(someFile, std::regex(pattern), other);
 }
 
-TEST(SavedGame, IsTwentySixLinesReadInEveryWayTheyMayBeParted) {
+TEST(SavedGame, IsTwentySixLinesHoweverTheyAreSeparated) {
     EXPECT_EQ(game::writeSavedGame(someGame), someFile);
     const std::string none = game::writeSavedGame({});
     EXPECT_TRUE(none.starts_with("#1899-12-30#") && none.ends_with("#FALSE#\r\n")) << none;
@@ -39,8 +39,8 @@ TEST(SavedGame, IsTwentySixLinesReadInEveryWayTheyMayBeParted) {
               " Active=no Saved=no NetWorth=0 Score=0");
     const std::string bare = someFile.substr(0, someFile.size() - 2);
     for (const std::string& form :
-         {someFile, bare, with("\n", "\r\n"), with(",", "\r\n"), bare + '\r', bare + ",anything",
-          "\xEF\xBB\xBF" + someFile, someFile + '\xFF'}) {
+         {someFile, bare, fileWith("\r\n", "\n"), fileWith("\r\n", ","), bare + '\r',
+          bare + ",anything", "\xEF\xBB\xBF" + someFile, someFile + '\xFF'}) {
         GameState state = test::newGame("Active=no Saved=no NetWorth=26 Score=27");
         game::resumeGame(state, game::readSavedGame(form).value());
         EXPECT_EQ(state, someGame) << form;
@@ -50,20 +50,44 @@ TEST(SavedGame, IsTwentySixLinesReadInEveryWayTheyMayBeParted) {
     }
 }
 
-/// A script is the beginning of a line and, in brackets, what stands there instead.
-TEST(SavedGame, HoldsValuesOfTheirKindsAsApproved) {
-    test::expectScripts("saved_games.txt", [](const std::string& script) {
-        const std::size_t end = script.find(" [");
-        std::string value = script.substr(end + 2, script.size() - end - 3);
-        value = with("\r\n", R"(\\n)", with(std::string(1, '\0'), R"(\\0)", value));
-        const auto read = game::readSavedGame(with(value, script.substr(2, end - 2) + ".*"));
-        GameState state = someGame;
-        game::resumeGame(state, read.value_or(someGame));
-        return (read ? test::changes(someGame, state) : " refused") + "\n";
-    });
+struct Kind {
+    std::string line;  ///< how it begins
+    std::vector<std::pair<std::string, std::string>> read;
+    std::vector<std::string> refused;
+};
+
+const std::vector<Kind> kinds{
+    {"#0001",
+     {{"#1860-01-15#", " Date=Jan 15, 1860"},
+      {"#1860-02-29#", " Date=Feb 29, 1860"},
+      {"#9999-12-31#", " Date=Dec 31, 9999"}},
+     {"", "1860-01-15", "#1860-01-15", "#1860-02-30#", "#1900-02-29#", "#1860-13-01#",
+      "#1860-1-15#", "#18a0-01-15#", "#18/0-01-15#", "#0000-01-01#", "#10000-01-01#",
+      "#-001-01-01#", "#1860/01/15#", " #1860-01-15#", "#1860-01-15##"}},
+    {"\"Smith",
+     {{R"("")", " Firm="}, {R"("Jo "the Red"")", " Firm=Jo "}, {R"("a"b"c,d")", " Firm=a"}},
+     {"", "Smith", R"("Smith)", R"(Smith")", "\"two\nlines\"", R"( "Smith")", "\"a\0b\""s,
+      R"("a"b, c")"}},
+    {"25",
+     {{"-5", " Payoff=-5"}, {"0.0001", " Payoff=0.0001"}},
+     {"", "1 ", " 1", "1€", "#TRUE#", "1\0"s, "999999999999999999999999999999999999999999999"}},
+    {"#TRUE", {{"#FALSE#", " Millionaire=no"}}, {"", "#true#", "TRUE", "#TRUE", "#FALSE# ", "0"}}};
+
+TEST(SavedGame, HoldsValuesOfTheirKinds) {
+    for (const Kind& kind : kinds) {
+        for (const auto& [value, change] : kind.read) {
+            GameState state = someGame;
+            const auto read = game::readSavedGame(fileWith(kind.line + ".*", value));
+            game::resumeGame(state, read.value());
+            EXPECT_EQ(test::changes(someGame, state), change) << value;
+        }
+        for (const std::string& value : kind.refused) {
+            EXPECT_FALSE(game::readSavedGame(fileWith(kind.line + ".*", value))) << value;
+        }
+    }
 }
 
-TEST(SavedGame, SurvivesTheFuzzersFiles) {
+TEST(Fuzz, PassesOnTheCorpus) {
     int files = 0;
     for (const auto& entry : std::filesystem::recursive_directory_iterator{ZHENBAO_CORPUS}) {
         std::ostringstream text;
@@ -74,6 +98,18 @@ TEST(SavedGame, SurvivesTheFuzzersFiles) {
         files += entry.is_regular_file() ? 1 : 0;
     }
     EXPECT_GT(files, 0);
+}
+
+TEST(Fuzz, PassesOnGamesOfRandomOrders) {
+    std::mt19937 bytes(1'860);
+    for (int game = 0; game < 2'000; ++game) {
+        std::string text = game::writeSavedGame(test::newGame("Cash=50000 Cannons=2 Hold=20"));
+        text += '\0';
+        for (int choice = 0; choice < 1'500; ++choice) {
+            text += static_cast<char>(bytes());
+        }
+        fuzz::play(text);
+    }
 }
 
 }  // namespace

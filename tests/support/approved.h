@@ -5,50 +5,62 @@
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 
 namespace test {
 
-/// Compares what the program tells with what somebody has read and found right, a file of
-/// tests/approved. With ZHENBAO_APPROVE=1 it becomes the file: then read the difference.
-inline void expectApproved(const std::string& name, const std::string& told) {
+/// Compares `found` with the approved text in tests/approved, line by line. With ZHENBAO_APPROVE=1
+/// it replaces the approved text: read the difference before you commit it.
+inline void expectApproved(const std::string& name, const std::string& found) {
     const std::string path = ZHENBAO_APPROVED "/" + name;
     if (std::getenv("ZHENBAO_APPROVE") != nullptr) {
-        std::ofstream{path} << told;
+        std::ofstream{path} << found;
     }
-    std::istringstream found{told};
     std::ifstream file{path};
+    std::istringstream lines{found};
+    std::string approved;
     std::string line;
-    for (std::string approved; std::getline(file, approved);) {
-        ASSERT_TRUE(std::getline(found, line) && line == approved) << name << ":\n"
-                                                                   << line << "\nis not\n"
-                                                                   << approved;
+    for (int number = 1; std::getline(file, approved); ++number) {
+        std::getline(lines, line);
+        ASSERT_EQ(line, approved) << name << ":" << number;
     }
-    EXPECT_FALSE(std::getline(found, line)) << name << " knows no " << line;
+    EXPECT_FALSE(std::getline(lines, line)) << name << " ends before " << line;
 }
 
-/// Plays every script of such a file, the lines that begin with `>`, and gives back the file with
-/// what `play` tells of each. Headings and blank lines stay as they are.
+/// Plays every script of such a file, a line that begins with `>`, and gives back the file with
+/// what `play` says below each. Headings and blank lines stay as they are. A script that cannot be
+/// played fails with its line.
 template <class Play>
 std::string played(const std::string& name, Play play) {
-    std::string told;
+    std::string text;
     int scripts = 0;
     std::ifstream file{ZHENBAO_APPROVED "/" + name};
-    for (std::string line; std::getline(file, line);) {
+    std::string line;
+    for (int number = 1; std::getline(file, line); ++number) {
         if (line.starts_with('>')) {
-            told += line + "\n" + play(line);
             ++scripts;
+            const std::string script = line.substr(0, line.find(" => "));
+            try {
+                const std::string result = play(script);
+                text += script + (result.starts_with("=> ") ? " " : "\n") + result;
+            } catch (const std::exception& error) {
+                ADD_FAILURE() << name << ":" << number << ": " << error.what() << "\n" << line;
+            }
         } else if (line.empty() || line.starts_with("# ")) {
-            told += line + "\n";
+            text += line + "\n";
         }
     }
     EXPECT_GT(scripts, 0) << "nothing to play in " << name;
-    return told;
+    return text;
 }
 
-/// Plays every script of such a file and compares what is told with it.
+/// Plays every script of such a file and compares what happens with what the file says.
 template <class Play>
 void expectScripts(const std::string& name, Play play) {
-    expectApproved(name, played(name, play));
+    const std::string text = played(name, play);
+    if (!testing::Test::HasFailure()) {
+        expectApproved(name, text);
+    }
 }
 
 }  // namespace test

@@ -1,78 +1,103 @@
 #pragma once
 
-#include <algorithm>
-#include <sstream>
-
+#include "arrival.h"
 #include "captain.h"
+#include "events.h"
 #include "games.h"
+#include "scripted_random.h"
+#include "standing.h"
+#include "visitors.h"
 
 namespace test {
 
-/// A captain who reads a script, a word for whatever is asked next. In a field "max" is as much as
-/// it offers, "more" one more, "look" tells it. "24-" are 24 draws of no interest; "?" is the one
-/// that is watched, and behind it none is of interest.
-class Actor final : game::Random, public Captain {
+/// A captain who takes every choice, text and draw from the words of a script.
+class Actor final : ScriptedRandom, Captain {
 public:
-    Actor(game::GameState& state, const std::string& script, double watched)
-        : Captain(state, *this, true), m_words(script), m_watched(watched) {}
+    Actor(game::GameState& state, const std::string& script)
+        : ScriptedRandom(script), Captain(state, *this, true) {}
 
-    std::size_t choose(std::string_view words) override {
-        const std::string_view before = words.substr(0, words.find(next()));
-        return static_cast<std::size_t>(std::ranges::count(before, ' '));
+    /// Plays the deed that the script begins with, and gives back what happened.
+    std::string play() {
+        const std::string word = next();
+        const auto order = std::ranges::find(orders(), word, &Deed::name);
+        const std::string outcome = order != orders().end() ? order->play(*this) : playPart(word);
+        if (const std::string left = rest(); !left.empty()) {
+            throw std::runtime_error("not used:" + left);
+        }
+        return transcript + outcome;
     }
-    bool leaves() override { return (m_words >> std::ws).eof(); }
 
 private:
-    std::string next() {
-        std::string word;
-        EXPECT_TRUE(m_words >> word) << "the script is too short";
-        return word;
+    /// A part of a voyage, or of what a window does on its own.
+    std::string playPart(std::string_view part) {
+        if (part == "arrive") {
+            game::arrive(m_state, m_random, *this, game::ports.at(choose(ports)));
+        } else if (part == "events") {
+            meetEvents(m_state, m_random, *this);
+        } else if (part == "visitors") {
+            receiveVisitors(m_state, m_random, *this);
+        } else if (part == "battle") {
+            showBattle();
+        } else if (part == "start") {
+            const std::size_t scenario = choose({"debt", "cannons"});
+            startGame(m_state, m_random, static_cast<game::Scenario>(scenario), "Heron");
+        } else if (part == "port") {
+            for (const game::Order order : game::orders) {
+                if (const auto allowed = allowedInPort(m_state, order)) {
+                    setOrderEnabled(order, *allowed);
+                }
+            }
+        } else if (part == "propose") {
+            add(proposedPort(m_random, game::ports.at(choose(ports))));
+        } else if (part == "standing") {
+            updateStanding(m_state);
+            add(millionaireNoticeDue(m_state) ? " millionaire" : "",
+                isTrillionaire(m_state) ? " trillionaire" : "",
+                isBankrupt(m_state) ? " bankrupt" : "");
+        } else {
+            throw std::runtime_error("no deed: " + std::string{part});
+        }
+        return {};
+    }
+
+    std::size_t choose(const Options& options) override {
+        const std::string word = next();
+        const auto chosen = std::ranges::find(options, word);
+        if (chosen == options.end()) {
+            throw std::runtime_error(word + " is no option like " + std::string{options.front()});
+        }
+        return static_cast<std::size_t>(chosen - options.begin());
     }
     std::string type(game::Currency most) override {
-        const std::string typed = next();
-        if (typed == "look") {
-            tell("up to ", most, "\n");
+        const std::string word = next();
+        if (word == "look") {
+            add("up to ", most, "\n");
+            return {};
         }
-        return typed == "max" ? plainText(most) : typed == "more" ? plainText(most + 1) : typed;
-    }
-    double Rnd() override {
-        if (m_quiet > 0) {
-            --m_quiet;
-            return drawn("-");
+        if (word == "max" || word == "more") {
+            return plainText(word == "max" ? most : most + 1);
         }
-        const std::string die = next();
-        m_quiet = die == "?"                                ? 1'000
-                  : die.find('-') > 0 && die.ends_with('-') ? std::stoi(die) - 1
-                                                            : 0;
-        return die == "?" ? m_watched : drawn(die);
+        if (word.find_first_of("0123456789") == std::string::npos) {
+            throw std::runtime_error("neither an amount nor max, more or look: " + word);
+        }
+        return word;
     }
-
-    std::istringstream m_words;
-    double m_watched;
-    int m_quiet = 0;
+    bool leavesBattle() override { return atEnd(); }
+    void showBattle() override {
+        add(" ", attackers(m_state));
+        Captain::showBattle();
+    }
 };
 
-/// Figures of a game just started, an order or a part of a passage, and all that is asked in it.
-class Script {
-public:
-    explicit Script(const std::string& text)
-        : m_deed(text.find(' ', text.rfind('=') + 1)),
-          m_game(newGame(text.substr(0, m_deed))),
-          m_words(text.substr(m_deed)) {}
-
-    /// Its messages and behind them what has changed.
-    [[nodiscard]] std::string told(double watched = 0) const {
-        game::GameState state = m_game;
-        Actor actor(state, m_words, watched);
-        const std::string answer = actor.play(actor.choose(Actor::deeds));
-        EXPECT_TRUE(actor.leaves()) << m_words;
-        return actor.told + answer + changes(m_game, state);
-    }
-
-private:
-    std::size_t m_deed;
-    game::GameState m_game;
-    std::string m_words;
-};
+/// Plays a script: figures of a new game, a deed and the answers to what it asks. Gives back what
+/// happened and, at the end, the figures that changed.
+inline std::string play(const std::string& script) {
+    const std::size_t figures = script.rfind('=') + 1;
+    const std::size_t deed = figures == 0 ? 0 : std::min(script.find(' ', figures), script.size());
+    const game::GameState before = newGame(script.substr(0, deed));
+    game::GameState after = before;
+    const std::string happened = Actor(after, script.substr(deed)).play();
+    return happened + changes(before, after);
+}
 
 }  // namespace test

@@ -14,6 +14,7 @@
 #include "frmVisit.h"
 #include "player.h"
 #include "qt_desktop.h"
+#include "scripted_random.h"
 
 namespace test {
 
@@ -50,17 +51,15 @@ inline QString shown(const QWidget& control) {
 
 /// The main window, over it the dialog that a script is about, and a desktop without a screen: a
 /// box is told and answered, files are chosen beforehand and time passes at once.
-class Stage final : game::Random, ui::QtDesktop {
+class Stage final : ScriptedRandom, ui::QtDesktop {
 public:
     using Visitor = std::function<void(QWidget& window, const QString& state)>;
 
     /// "frmBuy Cash=500 | 1/4": the window, the figures of its game and the draws to come, where *
     /// are as many as it takes. Where somebody visits, boxes open as dialogs do.
-    explicit Stage(const QString& opening, Visitor visit = {}) : m_visit(std::move(visit)) {
+    explicit Stage(const QString& opening, Visitor visit = {})
+        : ScriptedRandom(opening.section('|', 1).toStdString()), m_visit(std::move(visit)) {
         const QString name = opening.section(' ', 0, 0);
-        for (const QString& die : opening.section('|', 1).split(' ', Qt::SkipEmptyParts)) {
-            m_draws += QStringList(std::max(1, die.chopped(1).toInt()), die);  // "25-" are 25
-        }
         QObject::connect(m_report->document(), &QTextDocument::contentsChange, m_report,
                          [this](int at, int /*removed*/, int added) {
                              const QString text = m_report->toPlainText().mid(at, added);
@@ -81,7 +80,7 @@ public:
         tellChanges();
     }
 
-    ~Stage() override { EXPECT_EQ(m_draws.join(' ').remove('*'), "") << "draws left over"; }
+    ~Stage() override { EXPECT_EQ(rest(), "") << "draws left over"; }
 
     /// Does what one line says, behind each further > in the dialog that is on top by then, and
     /// tells what has changed on the screen and in the report.
@@ -117,11 +116,6 @@ public:
     }
 
 private:
-    double Rnd() override {
-        return m_draws.isEmpty()        ? throw std::runtime_error("no draws left")
-               : m_draws.front() == "*" ? drawn("-")
-                                        : drawn(m_draws.takeFirst().toStdString());
-    }
     ui::Answer show(QWidget* owner, const ui::Box& box) override {
         m_told += "\n[" + box.title + "] " + box.text;
         return m_visit ? QtDesktop::show(owner, box) : std::exchange(m_answer, ui::Answer::Yes);
@@ -229,7 +223,6 @@ private:
 
     Visitor m_visit;
     QTemporaryDir m_folder;
-    QStringList m_draws;
     ui::frmMain m_mainForm{*this, *this};
     game::GameState& m_game = m_mainForm.state();
     QPlainTextEdit* m_report = find<QPlainTextEdit>(m_mainForm, "txtLog");

@@ -9,70 +9,79 @@
 
 namespace test {
 
-/// A voyage and its battles watched by nobody, or by a writer: one line an entry or report, with
-/// what else happens behind it.
+/// A voyage and its battles as a transcript, if one is wanted: a line for each entry or report,
+/// followed by what else happens.
 class Scene : public game::VoyageScene, public game::BattleScene {
 public:
     explicit Scene(bool writes = false) : m_writes(writes) {}
-
-    std::string told;
-    bool finished = false;
 
     void appendEntry(std::string_view message, std::string_view continuation) override {
         line(message, continuation.empty() ? "" : "\n| ", continuation);
     }
     void appendEntry(std::string_view message) override { line(message); }
-    void appendText(std::string_view text) override { tell(text); }
+    void appendText(std::string_view text) override { add(text); }
     void report(std::string_view text) override { line(text); }
-    void flash(game::Alert alert) override { tell(alert == game::Alert::News ? " cyan" : " red"); }
-    void flash() override { tell(" flash"); }
-    void wait(game::Milliseconds duration) override { tell(" ", duration); }
+    void flash(game::Alert alert) override { add(alert == game::Alert::News ? " cyan" : " red"); }
+    void flash() override { add(" flash"); }
+    void wait(game::Milliseconds duration) override { add(" ", duration); }
     void setOrderEnabled(game::Order order, bool enabled) override {
-        constexpr std::array<std::string_view, 9> words{
+        constexpr std::array<std::string_view, 9> names{
             "Buy", "Sell", "Leave", "Visit", "Money", "Transfer", "Repair", "Cannon", "Ship"};
-        tell(enabled ? " +" : " -", words.at(static_cast<std::size_t>(order)));
+        add(enabled ? " +" : " -", names.at(static_cast<std::size_t>(order)));
     }
     void setOrderEnabled(game::BattleOrder order, bool enabled) override {
         constexpr std::string_view letters = "FDRC";  // Fight, to the Death, Run, dump Cargo
-        tell(enabled ? " +" : " -", letters.substr(static_cast<std::size_t>(order), 1));
+        add(enabled ? " +" : " -", letters.substr(static_cast<std::size_t>(order), 1));
     }
-    void setAtSea(bool atSea) override { tell(atSea ? " at sea" : " in port"); }
+    void setAtSea(bool atSea) override { add(atSea ? " at sea" : " in port"); }
     bool ask(std::string_view text, std::string_view title) override {
-        return inform(text, title), answer();
+        inform(text, title);
+        return answer();
     }
     void inform(std::string_view text, std::string_view title) override {
         line("[", title, "] ", text);
     }
     void inform(std::string_view text) override { line("[] ", text); }
     void showBattle() override {}
-    void showFleet(game::Currency ships) override { tell(" fleet:", ships); }
-    void showStatus(game::Currency percent) override { tell(" status:", percent); }
-    void showCannons(game::Currency cannons) override { tell(" cannons:", cannons); }
+    void showFleet(game::Currency ships) override { add(" fleet:", ships); }
+    void showStatus(game::Currency percent) override { add(" status:", percent); }
+    void showCannons(game::Currency cannons) override { add(" cannons:", cannons); }
     void sinkLast(game::Currency ships, game::Milliseconds step) override {
-        tell(" sink:", ships, "x", step);
+        add(" sink:", ships, "x", step);
     }
-    void refresh() override { tell(" refresh"); }
-    bool confirmDumping() override { return tell(" dump?"), answer(); }
-    bool playAgain() override { return tell(" again?"), answer(); }
-    void finish() override { tell(" finish"), finished = true; }
-    void endProgram() override { tell(" the end"), finished = true; }
+    void refresh() override { add(" refresh"); }
+    bool confirmDumping() override { return ask(" dump?"); }
+    bool playAgain() override { return ask(" again?"); }
+    void finish() override { end(" finish"); }
+    void endProgram() override { end(" the end"); }
 
 protected:
-    /// Yes to every question, unless someone knows better.
+    /// Yes to every question, unless a subclass answers.
     virtual bool answer() { return true; }
 
     template <class... Parts>
-    void tell(const Parts&... parts) {
+    void add(const Parts&... parts) {
         if (m_writes) {
-            (told.append(text(parts)), ...);
+            (transcript.append(text(parts)), ...);
         }
     }
     template <class... Parts>
     void line(const Parts&... parts) {
-        tell(told.empty() ? "" : "\n", parts...);
+        add(transcript.empty() ? "" : "\n", parts...);
     }
 
+    std::string transcript;
+    bool finished = false;  ///< the battle
+
 private:
+    bool ask(std::string_view question) {
+        add(question);
+        return answer();
+    }
+    void end(std::string_view how) {
+        add(how);
+        finished = true;
+    }
     static std::string_view text(std::string_view part) { return part; }
     static std::string text(game::Currency part) { return plainText(part); }
     static std::string text(game::Milliseconds part) { return std::to_string(part.count()); }
