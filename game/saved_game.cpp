@@ -25,9 +25,11 @@ constexpr std::string_view yes = "#TRUE#";
 constexpr std::string_view no = "#FALSE#";
 
 std::string written(const GameDate& date) {
-    return "#" + zeroPadded(static_cast<unsigned>(static_cast<int>(date.year())), 4) + "-" +
-           zeroPadded(static_cast<unsigned>(date.month()), 2) + "-" +
-           zeroPadded(static_cast<unsigned>(date.day()), 2) + "#";
+    std::string text{'#'};
+    text.append(zeroPadded(static_cast<unsigned>(static_cast<int>(date.year())), 4)).append("-");
+    text.append(zeroPadded(static_cast<unsigned>(date.month()), 2)).append("-");
+    text.append(zeroPadded(static_cast<unsigned>(date.day()), 2)).append("#");
+    return text;
 }
 std::string written(const std::string& text) {
     return '"' + text + '"';
