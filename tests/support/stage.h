@@ -1,9 +1,5 @@
 #pragma once
 
-#include <private/qguiapplication_p.h>
-#include <qpa/qplatformaccessibility.h>
-#include <qpa/qplatformintegration.h>
-
 #include "frmAbout.h"
 #include "frmBuy.h"
 #include "frmHelp.h"
@@ -42,15 +38,6 @@ inline const std::map<QString, std::unique_ptr<QDialog> (*)(ui::MainForm&)> dial
     {"frmTransfer", make<ui::frmTransfer>},
     {"frmVisit", make<ui::frmVisit>}};
 
-inline QString heard;  ///< what screen readers are told of the report since it was asked for last
-
-inline void hear(QAccessibleEvent* event) {
-    if (event->type() == QAccessible::TextInserted && event->object()->objectName() == "txtLog") {
-        const auto* inserted = static_cast<QAccessibleTextInsertEvent*>(event);
-        heard += (inserted->changePosition() == 0 ? "\n" : "") + inserted->textInserted();
-    }
-}
-
 /// What a control shows. What cannot be used stands in brackets; a long text is cut short.
 inline QString shown(const QWidget& control) {
     const auto* label = qobject_cast<const QLabel*>(&control);
@@ -74,8 +61,11 @@ public:
         for (const QString& die : opening.section('|', 1).split(' ', Qt::SkipEmptyParts)) {
             m_draws += QStringList(std::max(1, die.chopped(1).toInt()), die);  // "25-" are 25
         }
-        QGuiApplicationPrivate::platformIntegration()->accessibility()->setActive(true);
-        QAccessible::installUpdateHandler(hear);
+        QObject::connect(m_report->document(), &QTextDocument::contentsChange, m_report,
+                         [this](int at, int /*removed*/, int added) {
+                             const QString text = m_report->toPlainText().mid(at, added);
+                             m_news += (at == 0 && added > 0 ? "\n" : "") + text;
+                         });
         m_mainForm.show();
         if (name != "nothing") {
             m_game = newGame(opening.section('|', 0, 0).section(' ', 1).toStdString());
@@ -90,10 +80,7 @@ public:
         tellChanges();
     }
 
-    ~Stage() override {
-        EXPECT_EQ(m_draws.join(' ').remove('*'), "") << "draws left over";
-        QAccessible::installUpdateHandler(nullptr);
-    }
+    ~Stage() override { EXPECT_EQ(m_draws.join(' ').remove('*'), "") << "draws left over"; }
 
     /// Does what one line says, behind each further > in the dialog that is on top by then, and
     /// tells what has changed on the screen and in the report.
@@ -214,8 +201,7 @@ private:
     }
     void tellChanges() {
         static const QRegularExpression date("[A-Z][a-z]{2} \\d\\d, \\d{4}(?= - )");
-        const QString news =
-            std::exchange(heard, {}).replace(QChar::ParagraphSeparator, '\n').remove(date);
+        const QString news = std::exchange(m_news, {}).remove(date);
         m_told += (news.isEmpty() || news.startsWith('\n') ? "" : "\n") + news;
         const QMap<QString, QString> before = std::exchange(m_screen, screen());
         for (const auto& [name, now] : m_screen.asKeyValueRange()) {
@@ -238,6 +224,7 @@ private:
     game::Milliseconds m_waited{0};
     QString m_link;
     QMap<QString, QString> m_screen;
+    QString m_news;  ///< inserted into the report since it was looked at last
     QString m_told;
 };
 
