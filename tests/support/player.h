@@ -45,6 +45,13 @@ inline QString textOf(const QWidget& control) {
     return {};
 }
 
+/// Makes `window` the active one, as window managers do for the window that takes the input. No
+/// dialog may be open over it.
+inline void activate(QWidget& window) {
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
+}
+
 /// What a player does in a window: "click BUTTON", "type FIELD TEXT", "paste FIELD TEXT" where \n
 /// breaks a line, "pick LIST ENTRY" or, for any control, "press CONTROL Left Ctrl+V".
 inline void act(QWidget& window, const QString& what) {
@@ -52,7 +59,6 @@ inline void act(QWidget& window, const QString& what) {
     auto* control = find<QWidget>(window, what.section(' ', 1, 1));
     const QString with = what.section(' ', 2);
     auto* list = qobject_cast<QComboBox*>(control);
-    QApplication::setActiveWindow(&window);  // as any window manager does
     control->setFocus();
     if (verb == "click") {
         qobject_cast<QAbstractButton*>(control)->click();

@@ -77,6 +77,7 @@ public:
             m_dialog->show();
             m_window = m_dialog.get();
         }
+        activate(*m_window);
         tellChanges();
     }
 
@@ -98,9 +99,18 @@ public:
             m_mainForm.setStyleSheet("* { widget-animation-duration: 0 }");
         } else {
             const QStringList acts = line.split(" > ");
-            performInDialogs(acts.mid(1));
+            if (m_window->isVisible()) {
+                activate(*m_window);
+            }
+            QObject hand;
+            m_acts = acts.mid(1);
+            m_idleRounds = 0;
+            reachForDialogs(hand);
             attempt(*m_window, acts.front());
-            QCoreApplication::sendPostedEvents(qApp);
+            for (int round = 0; round < 3; ++round) {  // dialogs may open from the event loop
+                QCoreApplication::processEvents();
+            }
+            EXPECT_EQ(m_acts.join(" > "), "") << "no dialog is open for this";
             tellChanges();
         }
         return m_told.mid(1).toStdString() + (m_told.isEmpty() ? "" : "\n");
@@ -160,16 +170,24 @@ private:
             test::act(window, what);
         }
     }
-    void performInDialogs(const QStringList& acts) {
-        const auto performNext = [this, acts] {
+    /// Goes on with the acts of the line in whatever dialog is on top, as long as `hand` lives.
+    void reachForDialogs(QObject& hand) {
+        const auto perform = [this, &hand] {
+            reachForDialogs(hand);  // first, since an act may open another dialog
             auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            EXPECT_EQ(top == nullptr, acts.isEmpty()) << "a dialog more or less than in the script";
-            if (top != nullptr) {
-                performInDialogs(acts.mid(1));
-                acts.isEmpty() ? top->done(0) : attempt(*top, acts.front());
+            if (top == nullptr) {
+                return;
+            }
+            if (!top->isActiveWindow()) {
+                top->activateWindow();
+            } else if (!m_acts.isEmpty()) {
+                attempt(*top, m_acts.takeFirst());
+            } else if (++m_idleRounds > 3) {
+                ADD_FAILURE() << top->objectName().toStdString() << " is still open";
+                top->done(0);
             }
         };
-        QMetaObject::invokeMethod(qApp, performNext, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&hand, perform, Qt::QueuedConnection);
     }
 
     /// What both windows show, by name.
@@ -221,6 +239,8 @@ private:
     QString m_file;                  ///< the next to load or to save; empty: the player cancels
     QMap<int, QString> m_meanwhile;  ///< what to do during which wait
     int m_waits = 0;
+    QStringList m_acts;    ///< still to come in the dialogs that this line opens
+    int m_idleRounds = 0;  ///< of the event loop since the last of them, with a dialog still open
     game::Milliseconds m_waited{0};
     QString m_link;
     QMap<QString, QString> m_screen;

@@ -162,6 +162,7 @@ void inNextDialog(const std::function<void(QDialog&)>& act) {
     QTimer::singleShot(0, qApp, [act] {
         auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
         ASSERT_NE(dialog, nullptr) << "no dialog opened";
+        test::activate(*dialog);
         act(*dialog);
         EXPECT_TRUE(dialog->isHidden()) << "it is still open";
         dialog->close();

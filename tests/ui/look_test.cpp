@@ -101,7 +101,7 @@ QString described(QWidget& control) {
 /// The way of the Tab key, which comes to every control that should have it; each shows the focus.
 QString wayOfTab(QWidget& window) {
     EXPECT_TRUE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "seen after Tab only";
-    QApplication::setActiveWindow(&window);
+    test::activate(window);
     QString told;
     QList<QWidget*> stops;
     for (QWidget* stop = window.focusWidget(); stop != nullptr && !stops.contains(stop);
