@@ -10,7 +10,7 @@ fail() {
 
 packages_to_build=(g++ cmake ninja-build qt6-base-dev)
 packages_to_play=(fonts-comic-neue fonts-dejavu-core)
-packages_to_check=(libgtest-dev strace clang-format git)
+packages_to_check=(libgtest-dev clang-format git)
 packages_to_package=(dpkg-dev file lintian desktop-file-utils appstream shared-mime-info groff-base)
 
 installed() { [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" = installed ]; }
