@@ -93,92 +93,76 @@ void pressTab(QWidget& stop) {
 
 // --- What a window consists of.
 
-/// `heading` and the parts behind it, on as many lines as they need.
-QString list(const QString& heading, const QStringList& parts) {
-    QString lines;
-    QString line = "    " + heading;
+/// A text without case, colons and blanks between words.
+QString bare(const QString& text) {
+    static const QRegularExpression unsaid("[ :](?=\\S)|:$|&|<[^>]*>");
+    return QString(text).remove(unsaid).toLower();
+}
+QString spokenBy(QWidget& control) {
+    return QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name).trimmed();
+}
+
+/// The name of a control, its caption unless its name or the field beside it says the same, and
+/// what is spoken unless the caption or, of a field, the name says the same.
+QString described(QWidget& control) {
+    const QString name = control.objectName();
+    const auto* label = qobject_cast<const QLabel*>(&control);
+    const bool field = control.property("readOnly").isValid() || control.inherits("QComboBox") ||
+                       control.inherits("QSlider") || control.inherits("QProgressBar");
+    const QString caption = field ? "" : test::textOf(control).replace('\n', '|');
+    const QString spoken = spokenBy(control).replace('\n', '|');
+    EXPECT_TRUE(!spoken.isEmpty() || !field) << name.toStdString() << " has no spoken name";
+    const bool beside = label != nullptr && label->buddy() != nullptr &&
+                        bare(spokenBy(*label->buddy())).startsWith(bare(caption));
+    const bool written = !caption.isEmpty() && bare(caption) != bare(name.mid(3)) && !beside;
+    const bool heard = !spoken.isEmpty() && !control.inherits("QScrollBar") &&
+                       bare(spoken) != bare(caption.isEmpty() ? name.mid(3) : caption).trimmed();
+    return written || heard ? name + (written ? " \"" + caption + '"' : "") +
+                                  (heard ? " spoken \"" + spoken + '"' : "")
+                            : "";
+}
+
+/// `parts` on as many lines as they need.
+QString lines(const QStringList& parts) {
+    QString all;
+    qsizetype room = 0;
     for (const QString& part : parts) {
-        if (line.size() + part.size() > 110) {
-            lines += line + '\n';
-            line = "       ";
-        }
-        line += ' ' + part + (&part == &parts.back() ? "" : ",");
+        const bool fits = room >= part.size();
+        all += fits ? ", " : all.isEmpty() ? "    " : ",\n    ";
+        room = (fits ? room : 100) - part.size() - 2;
+        all += part;
     }
-    return parts.isEmpty() ? "" : lines + line + '\n';
+    return all + (all.isEmpty() ? "" : "\n");
 }
 
-/// The plain class of the toolkit that the name of a control promises.
-void expectPlainClass(const QWidget& control) {
-    static const QMap<QString, QStringList> classes{{"cbo", {"QComboBox"}},
-                                                    {"cmd", {"QPushButton"}},
-                                                    {"fra", {"QGroupBox"}},
-                                                    {"lbl", {"QLabel"}},
-                                                    {"opt", {"QRadioButton"}},
-                                                    {"pic", {"QLabel", "QWidget"}},
-                                                    {"prg", {"QProgressBar"}},
-                                                    {"sld", {"QSlider"}},
-                                                    {"txt", {"QLineEdit", "QPlainTextEdit"}}};
-    const QMetaObject* plain = control.metaObject();
-    while (plain->className()[0] != 'Q') {
-        plain = plain->superClass();
-    }
-    const QString prefix = control.objectName().left(3).toLower();
-    EXPECT_TRUE(!classes.contains(prefix) || classes[prefix].contains(plain->className()))
-        << control.objectName().toStdString() << " is a " << plain->className();
-}
-
-/// Title and, where they are fixed, size and place; captions; fields and whatever is spoken
-/// otherwise than it is written; the way of the Tab key.
+/// Title and, where they are fixed, size and place; what goes beyond the names of the controls; the
+/// way of the Tab key.
 QString contentsOf(QWidget& window, const QString& state) {
-    QString head = window.objectName() + " \"" + window.windowTitle() + '"';
+    QString told = window.objectName() + " \"" + window.windowTitle() + '"';
     if (const QRect place = window.geometry(); dynamic_cast<ui::GameForm*>(&window) != nullptr) {
         const QPoint tens = (place.topLeft() - window.parentWidget()->pos()) / 10.0;
-        head += QString(", %1 x %2 at ").arg(place.width()).arg(place.height()) +
+        told += QString(", %1 x %2 at ").arg(place.width()).arg(place.height()) +
                 QString("%1, %2").arg(tens.x() * 10).arg(tens.y() * 10);
     }
-    QStringList items;
+    QStringList parts;
     for (auto* item : window.findChildren<QAction*>(QRegularExpression("^mnu.*Item[^S]*$"))) {
-        const QString keys = item->shortcut().toString();
-        items << (item->isEnabled() ? item->text() : '(' + item->text() + ')') +
-                     (keys.isEmpty() ? "" : " " + keys);
+        parts << item->objectName() + (item->isEnabled() ? "" : ", disabled") + " \"" +
+                     item->text() + "\" " + item->shortcut().toString();
     }
-    QStringList captions;
-    QStringList fields;
     for (auto* control : test::controlsOf(window)) {
-        expectPlainClass(*control);
-        const bool field = control->property("readOnly").isValid() ||
-                           control->inherits("QSlider") || control->inherits("QComboBox") ||
-                           control->inherits("QProgressBar");
-        QString spoken = QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
-        spoken = spoken.replace('\n', '|').trimmed();
-        QString text = test::shown(*control).replace("&&", "&");
-        text.replace(QRegularExpression("<.*>(.*)</a>"), "\\1");
-        const bool silent =
-            spoken == QString(text).remove(QRegularExpression("^\\(?\"|\"\\)?$")).trimmed();
-        EXPECT_TRUE(!spoken.isEmpty() || !field) << control->objectName().toStdString();
-        if (field && (state == "frmMain" || window.inherits("QDialog"))) {
-            fields << control->objectName() + ' ' + text + " \"" + spoken + '"';
-        } else if (!field && !spoken.isEmpty() && !control->inherits("QScrollBar") && !silent) {
-            fields << control->objectName() + " \"" + spoken + '"';
-        }
-        if (!field && !captions.contains(text) && !test::textOf(*control).isEmpty()) {
-            captions << text;
-        }
+        parts << described(*control);
     }
+    parts.removeAll("");
     QStringList way;
-    const QList<QWidget*> stops = walkByTab(window, pressTab);
-    for (QWidget* stop : stops) {
+    for (const QWidget* stop : walkByTab(window, pressTab)) {
         way << stop->objectName() + (stop->property("default").toBool() ? " (Enter)" : "");
     }
-    EXPECT_GE(stops.size(),
-              std::ranges::count_if(test::controlsOf(window), [](const auto* control) {
+    EXPECT_GE(way.size(), std::ranges::count_if(test::controlsOf(window), [](const auto* control) {
                   return control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0;
               }));
     const bool all = state.startsWith("frm");  // or else a state of a window described before
-    return head + '\n' +
-           (all ? list("Menus:", items) + list("Captions:", captions) + list("Spoken:", fields)
-                : "") +
-           list("Tab:", way);
+    way.front().prepend("Tab: ");
+    return told + '\n' + (all ? lines(parts) : "") + lines(way);
 }
 
 TEST(Look, EveryWindowHasItsContents) {
