@@ -188,13 +188,11 @@ private:
         });
         EXPECT_EQ(m_acts.join(" > "), "") << "no dialog is open for this";
         EXPECT_TRUE(m_meanwhile.empty()) << "fewer waits";
-        tellScreen();
+        tellScreen(changes(std::exchange(m_record, m_game), m_game));
         if (m_mainForm.isVisible() && m_game.gblnActiveGame &&
             (m_dialog == nullptr || !m_dialog->isVisible())) {
             EXPECT_EQ(wrongDisplays(m_mainForm, m_game), "");
         }
-        const std::string changed = changes(std::exchange(m_record, m_game), m_game);
-        m_results += changed.empty() ? QStringList() : QStringList(ui::fromRules(changed));
     }
     /// Goes on with the acts in whatever dialog is on top, as long as `hand` lives.
     void reachForDialogs(QObject& hand) {
@@ -323,19 +321,20 @@ private:
         seen["time"] = QString::number(m_waited.count());
         return seen;
     }
-    /// Tells what is new in the report and, in a line, what has changed on the screen. The focus is
-    /// told where an act has not put it.
-    void tellScreen() {
+    /// Tells what is new in the report and, in a line, what has changed in the record and on the
+    /// screen. The focus is told where an act has not put it.
+    void tellScreen(const std::string& changes = {}) {
         static const QRegularExpression date("[A-Z][a-z]{2} \\d\\d, \\d{4}(?= - )");
         m_results += std::exchange(m_news, {}).remove(date).split('\n', Qt::SkipEmptyParts);
         const QMap<QString, QString> before = std::exchange(m_screen, screen());
-        QStringList facts;
+        QString facts;
         for (const auto& [name, now] : m_screen.asKeyValueRange()) {
             const bool known = before.value(name) == now || (name == "focus" && now == m_focused);
-            facts +=
-                known || now.isEmpty() ? QStringList() : QStringList(name + ' ' + now.trimmed());
+            facts += known || now.isEmpty() ? "" : " * " + name + ' ' + now.trimmed();
         }
-        m_results += facts.isEmpty() ? QStringList() : QStringList("* " + facts.join(", "));
+        if (!changes.empty() || !facts.isEmpty()) {
+            m_results << ui::fromRules(changes) + facts;
+        }
     }
 
     QString m_opening;
