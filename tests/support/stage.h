@@ -91,9 +91,9 @@ public:
 
     ~Stage() override {
         SCOPED_TRACE(m_opening.toStdString());
-        EXPECT_EQ(m_draws.join(' ').remove('*'), "") << "draws left over";
+        EXPECT_EQ(m_draws.join(' ').remove('*').toStdString(), "") << "draws left over";
         EXPECT_TRUE(!m_answer) << "an answer and no question";
-        EXPECT_EQ(m_file, "") << "a file that nobody asks for";
+        EXPECT_EQ(m_file.toStdString(), "") << "a file that nobody asks for";
     }
 
     /// Does what a line says, each act behind the first in the dialog that is on top by then, and
@@ -186,8 +186,8 @@ private:
                 QCoreApplication::processEvents();
             }
         });
-        EXPECT_EQ(m_acts.join(" > "), "") << "no dialog is open for this";
-        EXPECT_TRUE(m_meanwhile.empty()) << "fewer waits";
+        EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no dialog is open for this";
+        EXPECT_EQ(std::exchange(m_meanwhile, {}).size(), 0) << "waits of this number do not come";
         tellScreen(changes(std::exchange(m_record, m_game), m_game));
         if (m_mainForm.isVisible() && m_game.gblnActiveGame &&
             (m_dialog == nullptr || !m_dialog->isVisible())) {
