@@ -93,10 +93,10 @@ public:
         SCOPED_TRACE(m_opening.toStdString());
         EXPECT_EQ(m_draws.join(' ').remove('*').toStdString(), "") << "draws left over";
         EXPECT_TRUE(!m_answer) << "an answer and no question";
-        EXPECT_EQ(m_file.toStdString(), "") << "a file that nobody asks for";
+        EXPECT_EQ(m_file.toStdString(), "") << "a file that is not asked for";
     }
 
-    /// Does what a line says, each act behind the first in the dialog that is on top by then, and
+    /// Does what a line says, each act after the first in the dialog that is on top by then, and
     /// returns what it changes in the report, on the screen and in the record.
     std::string act(const QString& line) {
         const QString verb = line.section(' ', 0, 0);
@@ -142,12 +142,12 @@ private:
         return drawn(m_draws.front() == "*" ? "-" : m_draws.takeFirst().toStdString());
     }
     ui::Answer show(QWidget* owner, const ui::Box& box) override {
-        QString told = '[' + box.title + "] " + box.text + '|' + icons.at(qsizetype(box.icon));
+        QString text = '[' + box.title + "] " + box.text + '|' + icons.at(qsizetype(box.icon));
         for (const ui::Answer button : box.buttons) {
-            told += ' ' + answers.at(qsizetype(button)) + (button == box.byDefault ? "+" : "") +
+            text += ' ' + answers.at(qsizetype(button)) + (button == box.byDefault ? "+" : "") +
                     (button == box.onEscape ? "-" : "");
         }
-        m_results << told;
+        m_results << text;
         if (m_visit) {
             return QtDesktop::show(owner, box);
         }
@@ -164,7 +164,7 @@ private:
         m_waited += duration;
         if (const QString what = m_meanwhile.take(++m_waits); !what.isEmpty()) {
             perform(*m_window, what);
-            tellScreen();
+            addScreen();
         }
     }
     struct End {};
@@ -188,7 +188,7 @@ private:
         });
         EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no dialog is open for this";
         EXPECT_EQ(std::exchange(m_meanwhile, {}).size(), 0) << "waits of this number do not come";
-        tellScreen(changes(std::exchange(m_record, m_game), m_game));
+        addScreen(changes(std::exchange(m_record, m_game), m_game));
         if (m_mainForm.isVisible() && m_game.gblnActiveGame &&
             (m_dialog == nullptr || !m_dialog->isVisible())) {
             EXPECT_EQ(wrongDisplays(m_mainForm, m_game), "");
@@ -321,9 +321,9 @@ private:
         seen["time"] = QString::number(m_waited.count());
         return seen;
     }
-    /// Tells what is new in the report and, in a line, what has changed in the record and on the
-    /// screen. The focus is told where an act has not put it.
-    void tellScreen(const std::string& changes = {}) {
+    /// Adds what is new in the report and, in a line, what has changed in the record and on the
+    /// screen. The focus counts only where an act has not put it.
+    void addScreen(const std::string& changes = {}) {
         static const QRegularExpression date("[A-Z][a-z]{2} \\d\\d, \\d{4}(?= - )");
         m_results += std::exchange(m_news, {}).remove(date).split('\n', Qt::SkipEmptyParts);
         const QMap<QString, QString> before = std::exchange(m_screen, screen());

@@ -177,7 +177,7 @@ TEST_F(GameFile, DialogListsFilesAndRemembersTheLast) {
     EXPECT_EQ(desktop.chooseFileToSave(&owner), QString{});
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               (QStringList{"game.zhb", "no dot"}))
-        << "something is left behind";
+        << "not removed";
 }
 
 }  // namespace

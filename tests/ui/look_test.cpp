@@ -50,7 +50,7 @@ std::string visitWindows(const Look& look,
     QApplication::setPalette(look.dark ? darkPalette() : usualPalette);
     ui::makeSelectionReadable();
     std::optional<test::Stage> stage;
-    QString told;
+    QString text;
     const auto visit = [&](QWidget& window, const QString& state) {
         SCOPED_TRACE(state.toStdString());
         test::activate(window);
@@ -59,17 +59,17 @@ std::string visitWindows(const Look& look,
             const QDir folder(pictures + '/' + look.name);
             EXPECT_TRUE(folder.mkpath(".") && window.grab().save(folder.filePath(state + ".png")));
         }
-        told += describe(window, state);
+        text += describe(window, state);
     };
     const std::string all = test::played("windows.txt", [&](const std::string& script) {
         QString line = QString::fromStdString(script);
-        told.clear();
+        text.clear();
         if (line.startsWith(">> ")) {
             stage->act(line.mid(3));
         } else {
             stage.emplace(line.mid(2).replace(" |", look.figures + " |"), visit);
         }
-        return told.toStdString();
+        return text.toStdString();
     });
     stage.reset();
     QApplication::setFont(usualFont);
@@ -138,10 +138,10 @@ QString lines(const QStringList& parts) {
 /// Title and, where they are fixed, size and place; what goes beyond the names of the controls; the
 /// way of the Tab key.
 QString contentsOf(QWidget& window, const QString& state) {
-    QString told = window.objectName() + " \"" + window.windowTitle() + '"';
+    QString text = window.objectName() + " \"" + window.windowTitle() + '"';
     if (const QRect place = window.geometry(); dynamic_cast<ui::GameForm*>(&window) != nullptr) {
         const QPoint tens = (place.topLeft() - window.parentWidget()->pos()) / 10.0;
-        told += QString(", %1 x %2 at ").arg(place.width()).arg(place.height()) +
+        text += QString(", %1 x %2 at ").arg(place.width()).arg(place.height()) +
                 QString("%1, %2").arg(tens.x() * 10).arg(tens.y() * 10);
     }
     QStringList parts;
@@ -162,7 +162,7 @@ QString contentsOf(QWidget& window, const QString& state) {
               }));
     const bool all = state.startsWith("frm");  // or else a state of a window described before
     way.front().prepend("Tab: ");
-    return told + '\n' + (all ? lines(parts) : "") + lines(way);
+    return text + '\n' + (all ? lines(parts) : "") + lines(way);
 }
 
 TEST(Look, EveryWindowHasItsContents) {

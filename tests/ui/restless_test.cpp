@@ -2,7 +2,7 @@
 // process of its own, which may end as the program does. The toolkit's threads do not survive a
 // fork, so nothing may be painted before it.
 //
-//     ZHENBAO_SEED=7 plays game 7 and writes what happens in it; ZHENBAO_GAMES=20000 plays more.
+//     ZHENBAO_SEED=7 plays game 7 and logs what happens; ZHENBAO_GAMES=20000 plays more.
 
 #include <sys/wait.h>
 #include <unistd.h>
@@ -258,7 +258,7 @@ private:
     }
     /// Uses a control by mouse or by keyboard, as controls of its kind are used.
     void use(QWidget& control) {
-        tell("use " + control.objectName());
+        log("use " + control.objectName());
         const bool usable = usableControls().contains(&control);
         const bool byMouse = dice(2) == 1 && control.isVisible();
         if (byMouse) {
@@ -276,7 +276,7 @@ private:
     /// Presses one of these keys, or of several in a row.
     void pressAny(const QString& ways) {
         const QString way = any(ways.split(' '));
-        tell(m_name + ", " + way);
+        log(m_name + ", " + way);
         for (const QString& key : way.split(',')) {
             QWidget* popup = QApplication::activePopupWidget();
             QWidget* focus = popup != nullptr ? popup : QApplication::focusWidget();
@@ -296,13 +296,13 @@ private:
         return m_folder.filePath((m_plausible ? "own" : "own absurd") + QString::number(m_seed));
     }
 
-    // --- Telling.
+    // --- Reporting.
     void expect(bool fact, const QString& otherwise) { m_faults << (fact ? "" : otherwise); }
     void note(const QString& what) const {
         m_seen.insert(what);
-        tell(what);
+        log(what);
     }
-    void tell(const QString& what) const {
+    void log(const QString& what) const {
         if (qEnvironmentVariableIsSet("ZHENBAO_SEED")) {
             std::cerr << m_step << (m_waiting ? " (waiting) " : " ") << what.toStdString() << '\n';
         }
@@ -318,7 +318,7 @@ private:
         for (const QString& fault : m_faults) {
             std::cerr << "game " << m_seed << ", step " << m_step << ", " << m_name.toStdString()
                       << ": " << fault.toStdString() << "\n    ZHENBAO_SEED=" << m_seed
-                      << " ui_tests --gtest_filter=Restless.* tells more\n";
+                      << " ui_tests --gtest_filter=Restless.* logs what happens\n";
         }
         seen.close();
         _exit(m_faults.isEmpty() ? EXIT_SUCCESS : EXIT_FAILURE);
