@@ -13,7 +13,7 @@ on_development_system() { grep -qs '^VERSION_CODENAME=bookworm$' /etc/os-release
 
 packages_to_build=(g++ cmake ninja-build qt6-base-dev)
 packages_to_play=(fonts-comic-neue fonts-dejavu-core)
-packages_to_check=(libgtest-dev strace git)
+packages_to_check=(libgtest-dev git)
 if on_development_system; then
     packages_to_check+=(clang-format)
 fi

@@ -62,23 +62,21 @@ struct Figure {
     static std::string text(bool flag) { return flag ? "yes" : "no"; }
 };
 
-/// Changes one figure of a record. One that is unknown, wrong or without effect throws.
-inline void setFigure(game::GameState& state, const std::string& figure) {
-    const game::GameState before = state;
+/// Changes one figure of a record, as in "Cash=22.5"; false if its name or value is wrong.
+inline bool setFigure(game::GameState& state, const std::string& figure) {
     const std::size_t equals = std::min(figure.find('='), figure.size() - 1);
-    bool valid = true;
+    bool valid = false;
     eachMember([&](std::string_view name, auto member) {
         if (name == figure.substr(0, equals)) {
             valid = Figure::read(figure.substr(equals + 1), state.*member);
         }
     });
-    if (!valid || state == before || std::ranges::count(game::ports, state.gstrLocation) == 0) {
-        throw std::runtime_error("unknown, wrong or without effect: " + figure);
-    }
+    return valid;
 }
 
 /// A game just started: Hong Kong, $1,000 cash, no debt, no cannons, an empty hold of 60, prices
-/// 12,000, 1,100, 90 and 14, saved; then `figures`, as in "Date=1860-02-15 Cash=22.5".
+/// 12,000, 1,100, 90 and 14, saved; then `figures`, as in "Date=1860-02-15 Cash=22.5". A figure
+/// that is unknown, wrong or without effect throws.
 inline game::GameState newGame(const std::string& figures = {}) {
     game::Generator prices(0);
     game::GameState state;
@@ -92,7 +90,11 @@ inline game::GameState newGame(const std::string& figures = {}) {
     state.gblnGameSaved = true;
     std::istringstream words(figures);
     for (std::string figure; words >> figure;) {
-        setFigure(state, figure);
+        const game::GameState before = state;
+        if (!setFigure(state, figure) || state == before ||
+            std::ranges::count(game::ports, state.gstrLocation) == 0) {
+            throw std::runtime_error("unknown, wrong or without effect: " + figure);
+        }
     }
     return state;
 }

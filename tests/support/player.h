@@ -7,6 +7,7 @@
 
 #include "frmMain.h"
 #include "games.h"
+#include "standing.h"
 #include "text.h"
 
 namespace test {
@@ -16,12 +17,12 @@ template <class Control>
 Control* find(const QWidget& window, const QString& name) {
     auto* control = window.findChild<Control*>(name);
     if (control == nullptr) {
-        throw std::runtime_error("no control named " + name.toStdString());
+        throw std::runtime_error("no such control: " + name.toStdString());
     }
     return control;
 }
 
-/// The controls a window lays out itself, as opposed to what the toolkit builds them of.
+/// The controls that a window lays out itself, without the parts that the toolkit builds them of.
 inline QList<QWidget*> controlsOf(const QWidget& window) {
     QList<QWidget*> controls;
     for (auto* control : window.findChildren<QWidget*>()) {
@@ -45,39 +46,61 @@ inline QString textOf(const QWidget& control) {
     return {};
 }
 
-/// Makes `window` the active one, as window managers do for the window that takes the input. No
-/// dialog may be open over it.
+/// Makes `window` the active one, as window managers do. No dialog may be open over it.
 inline void activate(QWidget& window) {
     window.activateWindow();
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
 }
 
-/// What a player does in a window: "click BUTTON", "type FIELD TEXT", "paste FIELD TEXT" where \n
-/// breaks a line, "pick LIST ENTRY" or, for any control, "press CONTROL Left Ctrl+V".
-inline void act(QWidget& window, const QString& what) {
-    const QString verb = what.section(' ', 0, 0);
-    auto* control = find<QWidget>(window, what.section(' ', 1, 1));
-    const QString with = what.section(' ', 2);
-    auto* list = qobject_cast<QComboBox*>(control);
-    control->setFocus();
-    if (verb == "click") {
-        qobject_cast<QAbstractButton*>(control)->click();
-    } else if (verb == "type") {
-        QTest::keyClicks(control, with);
-    } else if (verb == "paste") {
-        QGuiApplication::clipboard()->setText(QString(with).replace("\\n", "\n"));
-        (list != nullptr ? list->lineEdit() : qobject_cast<QLineEdit*>(control))->paste();
-    } else if (verb == "pick") {
-        list->showPopup();
-        EXPECT_GE(list->findText(with), 0) << "no entry " << with.toStdString();
-        list->view()->setCurrentIndex(list->model()->index(list->findText(with), 0));
-        QTest::keyClick(list->view(), Qt::Key_Return);
-    } else {
-        for (const QString& key : with.split(' ')) {
-            const QKeyCombination keys = QKeySequence(key)[0];
-            QTest::keyClick(control, keys.key(), keys.keyboardModifiers());
+/// Presses keys such as "Ctrl+V" one after the other.
+inline void press(QWidget* control, const QStringList& keys) {
+    for (const QString& key : keys) {
+        const QKeyCombination combination = QKeySequence(key)[0];
+        if (combination.key() == 0 || combination.key() == Qt::Key_unknown) {
+            throw std::runtime_error("no such key: " + key.toStdString());
         }
+        QTest::keyClick(control, combination.key(), combination.keyboardModifiers());
     }
+}
+
+/// What the main window shows wrongly of a game in port, a line each.
+inline std::string wrongDisplays(const QMainWindow& mainForm, const game::GameState& state) {
+    using ui::fromRules, ui::plain;
+    const QWidget& house = *mainForm.centralWidget();
+    std::string wrong;
+    const auto check = [&](const QString& what, const QString& shown, const QString& wanted) {
+        wrong +=
+            shown == wanted ? "" : (what + " shows " + shown + ", not " + wanted).toStdString();
+    };
+    const auto checkDisplay = [&](const QString& name, const QString& wanted) {
+        check(name, textOf(*find<QWidget>(house, name)), wanted);
+    };
+    eachMember([&](std::string_view member, auto figure) {  // displays are named after figures
+        if constexpr (std::is_same_v<decltype(figure), game::Field>) {
+            const QString name = "txt" + fromRules(member);
+            if (house.findChild<QLineEdit*>(name) != nullptr) {
+                static const QRegularExpression money("txt(Cash|Debt|Bank|P)");
+                const auto text = name.contains(money) ? ui::money : plain;
+                checkDisplay(name, text(state.*figure));
+            }
+        }
+    });
+    checkDisplay("txtDate", fromRules(game::dateText(state.gdtmDate)));
+    checkDisplay("prgStatus", plain(state.gcurStatus));
+    checkDisplay("prgHold", plain(state.gcurHold));
+    checkDisplay("fraStatus", "Ship's Status - " + plain(state.gcurStatus) + "% ");
+    checkDisplay("fraHold", "Ship's Hold - " + plain(state.gcurHold) + " of " +
+                                plain(state.gcurMaxHold) + ' ');
+    checkDisplay("fraPrices", "Prices at " + fromRules(state.gstrLocation) + ' ');
+    checkDisplay("fraHouse",
+                 "House of " + fromRules(state.gstrFirm).replace("&", "&&") + ", Hong Kong ");
+    check("the title", mainForm.windowTitle(),
+          "Zhenbao - " + fromRules(state.gstrRank) + " [" + ui::money(state.gcurNetWorth) + "]");
+    check("the end of prgHold", plain(find<QProgressBar>(house, "prgHold")->maximum()),
+          plain(state.gcurMaxHold));
+    game::GameState again = state;
+    game::updateStanding(again);
+    return wrong + (again == state ? "" : "an old standing");
 }
 
 }  // namespace test

@@ -39,134 +39,147 @@ inline const std::map<QString, std::unique_ptr<QDialog> (*)(ui::MainForm&)> dial
     {"frmTransfer", make<ui::frmTransfer>},
     {"frmVisit", make<ui::frmVisit>}};
 
-/// What a control shows. What cannot be used stands in brackets; a long text is cut short.
+/// What a control shows, in brackets if it cannot be used; a long text is cut short.
 inline QString shown(const QWidget& control) {
     const auto* label = qobject_cast<const QLabel*>(&control);
     QString text = label != nullptr && !label->pixmap().isNull()
                        ? QString("%1 high").arg(label->isVisible() ? label->height() : 0)
                        : textOf(control).replace('\n', '|');
-    text = text.size() > 80 ? text.left(40) + " ... " + text.right(40) : text;
+    text = text.size() > 80 ? text.left(20) + " ... " + text.right(20) : text;
     return control.isEnabled() ? '"' + text + '"' : "(\"" + text + "\")";
 }
 
-/// The main window, over it the dialog that a script is about, and a desktop without a screen: a
-/// box is told and answered, files are chosen beforehand and time passes at once.
+/// The main window, a dialog over it and a desktop without a screen, played by a script of
+/// dialogs.txt (tests/README.md describes them). What is wrong with a script is thrown.
 class Stage final : ScriptedRandom, ui::QtDesktop {
 public:
     using Visitor = std::function<void(QWidget& window, const QString& state)>;
 
-    /// "frmBuy Cash=500 | 1/4": the window, the figures of its game and the draws to come, where *
-    /// are as many as it takes. Where somebody visits, boxes open as dialogs do.
+    /// The window, the figures of its game and the draws to come. If there is a visitor, boxes open
+    /// as real dialogs.
     explicit Stage(const QString& opening, Visitor visit = {})
-        : ScriptedRandom(opening.section('|', 1).toStdString()), m_visit(std::move(visit)) {
-        const QString name = opening.section(' ', 0, 0);
-        QObject::connect(m_report->document(), &QTextDocument::contentsChange, m_report,
-                         [this](int at, int /*removed*/, int added) {
-                             const QString text = m_report->toPlainText().mid(at, added);
+        : ScriptedRandom(opening.section('|', 1).toStdString()),
+          m_opening(opening),
+          m_visit(std::move(visit)) {
+        const QStringList words = opening.section('|', 0, 0).split(' ', Qt::SkipEmptyParts);
+        const QString window = words.front();
+        const QTextDocument* report = m_report->document();
+        QObject::connect(report, &QTextDocument::contentsChange, m_report,
+                         [this, report](int at, int /*removed*/, int added) {
+                             const QString text = report->toPlainText().mid(at, added);
                              m_news += (at == 0 && added > 0 ? "\n" : "") + text;
                          });
         m_mainForm.show();
-        if (name != "nothing") {
-            m_game = newGame(opening.section('|', 0, 0).section(' ', 1).toStdString());
+        if (window != "nothing") {
+            m_game = newGame(words.mid(1).join(' ').toStdString());
             m_mainForm.beginGame(" - Welcome Captain");
             m_mainForm.UpdateMainForm();
         }
-        if (const auto dialog = dialogs.find(name); dialog != dialogs.end()) {
+        if (const auto dialog = dialogs.find(window); dialog != dialogs.end()) {
             m_dialog = dialog->second(m_mainForm);
             m_dialog->show();
             m_window = m_dialog.get();
+        } else if (window != "nothing" && window != "frmMain") {
+            throw std::runtime_error("no such window: " + window.toStdString());
         }
         activate(*m_window);
-        tellChanges();
+        m_record = m_game;
+        m_news.clear();
+        m_screen = screen();
     }
 
-    ~Stage() override { EXPECT_EQ(rest(), "") << "draws left over"; }
+    ~Stage() override {
+        SCOPED_TRACE(m_opening.toStdString());
+        EXPECT_EQ(rest(), "") << "draws left over";
+        EXPECT_TRUE(!m_answer) << "an answer and no question";
+        EXPECT_EQ(m_file.toStdString(), "") << "a file that is not asked for";
+    }
 
-    /// Does what one line says, behind each further > in the dialog that is on top by then, and
-    /// tells what has changed on the screen and in the report.
+    /// Does what a line says, each act after the first in the dialog that is on top by then, and
+    /// returns what it changes in the report, on the screen and in the record.
     std::string act(const QString& line) {
-        const QString what = line.section(' ', 1);
-        m_told.clear();
-        m_waits = 0;
-        if (line.startsWith("answer ")) {
-            m_answer = what == "No" ? ui::Answer::No : ui::Answer::Cancel;
-        } else if (line.startsWith("file ")) {
-            m_file = m_folder.filePath(what);
-        } else if (line.startsWith("wait ")) {
-            m_meanwhile[what.section(' ', 0, 0).toInt()] = what.section(' ', 1);
+        const QString verb = line.section(' ', 0, 0);
+        const QString with = line.section(' ', 1);
+        m_results.clear();
+        if (verb == "answer") {
+            m_answer = static_cast<ui::Answer>(indexOf(with, answers));
+        } else if (verb == "file") {
+            m_file = m_folder.filePath(with);
+        } else if (verb == "wait") {
+            m_meanwhile[with.section(' ', 0, 0).toInt()] = with.section(' ', 1);
         } else if (line == "animations off") {
             m_mainForm.setStyleSheet("* { widget-animation-duration: 0 }");
         } else {
-            const QStringList acts = line.split(" > ");
-            if (m_window->isVisible()) {
-                activate(*m_window);
-            }
-            QObject hand;
-            m_acts = acts.mid(1);
-            m_idleRounds = 0;
-            reachForDialogs(hand);
-            attempt(*m_window, acts.front());
-            for (int round = 0; round < 3; ++round) {  // dialogs may open from the event loop
-                QCoreApplication::processEvents();
-            }
-            EXPECT_EQ(m_acts.join(" > "), "") << "no dialog is open for this";
-            tellChanges();
+            perform(line.split(" > "));
         }
-        return m_told.mid(1).toStdString() + (m_told.isEmpty() ? "" : "\n");
+        return m_results.isEmpty() ? "" : m_results.join('\n').toStdString() + '\n';
     }
 
 private:
-    ui::Answer show(QWidget* owner, const ui::Box& box) override {
-        m_told += "\n[" + box.title + "] " + box.text;
-        return m_visit ? QtDesktop::show(owner, box) : std::exchange(m_answer, ui::Answer::Yes);
+    static inline const QStringList answers{"Ok", "Yes", "No", "Cancel"};
+    static inline const QStringList icons{"Information", "Question", "Exclamation", "Stop"};
+
+    static qsizetype indexOf(const QString& word, const QStringList& words) {
+        const qsizetype index = words.indexOf(word);
+        return index >= 0 ? index : throw std::runtime_error("no such word: " + word.toStdString());
     }
-    QString chooseFileToLoad(QWidget* /*owner*/) override { return std::exchange(m_file, {}); }
-    QString chooseFileToSave(QWidget* /*owner*/) override { return std::exchange(m_file, {}); }
-    void openLink(const QUrl& link) override { m_link = link.toString(QUrl::FullyEncoded); }
+
+    ui::Answer show(QWidget* owner, const ui::Box& box) override {
+        QString text = '[' + box.title + "] " + box.text + '|' + icons.at(qsizetype(box.icon));
+        for (const ui::Answer button : box.buttons) {
+            text += ' ' + answers.at(qsizetype(button)) + (button == box.byDefault ? "+" : "") +
+                    (button == box.onEscape ? "-" : "");
+        }
+        m_results << text;
+        if (m_visit) {
+            return QtDesktop::show(owner, box);
+        }
+        const auto answer = std::exchange(m_answer, {}).value_or(box.buttons.front());
+        EXPECT_EQ(std::ranges::count(box.buttons, answer), 1) << "an answer that is not offered";
+        return answer;
+    }
+    QString chooseFileToLoad(QWidget* /*owner*/) override { return std::exchange(m_file, ""); }
+    QString chooseFileToSave(QWidget* /*owner*/) override { return std::exchange(m_file, ""); }
+    void openLink(const QUrl& link) override {
+        m_results << "link " + link.toString(QUrl::FullyEncoded);
+    }
     void wait(game::Milliseconds duration) override {
         m_waited += duration;
         if (const QString what = m_meanwhile.take(++m_waits); !what.isEmpty()) {
             perform(*m_window, what);
-            tellChanges();
+            addScreen();
         }
     }
-    [[noreturn]] void endProgram() override { throw std::runtime_error("the end"); }
+    struct End {};
+    [[noreturn]] void endProgram() override { throw End{}; }
 
-    /// The program may end with it, and with the program the dialog.
-    void attempt(QWidget& window, const QString& what) {
-        try {
-            perform(window, what);
-        } catch (const std::exception& end) {
-            m_told += QString("\n") + end.what();
-            if (auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-                top->done(0);
+    void perform(const QStringList& acts) {
+        m_waits = 0;
+        m_acts = acts;
+        m_idleRounds = 0;
+        m_focused.clear();
+        if (m_window->isVisible()) {
+            activate(*m_window);
+        }
+        QObject hand;
+        reachForDialogs(hand);
+        attempt([this] {
+            perform(*m_window, m_acts.takeFirst());
+            for (int round = 0; round < 3; ++round) {  // dialogs may open from the event loop
+                QCoreApplication::processEvents();
             }
+        });
+        EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no dialog is open for this";
+        EXPECT_EQ(std::exchange(m_meanwhile, {}).size(), 0) << "waits of this number do not come";
+        addScreen(changes(std::exchange(m_record, m_game), m_game));
+        if (m_mainForm.isVisible() && m_game.gblnActiveGame &&
+            (m_dialog == nullptr || !m_dialog->isVisible())) {
+            EXPECT_EQ(wrongDisplays(m_mainForm, m_game), "");
         }
     }
-    void perform(QWidget& window, const QString& what) {
-        const QString object = what.section(' ', 1);
-        if (what.startsWith("choose ")) {
-            find<QAction>(m_mainForm, object)->trigger();
-        } else if (what == "close") {
-            window.close();
-        } else if (what.startsWith("visit ")) {
-            m_visit(window, object);
-        } else if (what.startsWith("open ")) {
-            auto* list = find<QComboBox>(window, object);
-            list->showPopup();
-            for (int row = 0; row < list->count(); ++row) {
-                m_told += (row == 0 ? "\n" : " ") + list->itemText(row);
-            }
-            QTest::keyClick(list->view(), Qt::Key_Escape);
-        } else if (what.startsWith("look ")) {
-            m_told += '\n' + object + ' ' + shown(*find<QWidget>(window, object));
-        } else {
-            test::act(window, what);
-        }
-    }
-    /// Goes on with the acts of the line in whatever dialog is on top, as long as `hand` lives.
+    /// Goes on with the acts in whatever dialog is on top, as long as `hand` lives.
     void reachForDialogs(QObject& hand) {
-        const auto perform = [this, &hand] {
+        const auto reach = [this, &hand] {
             reachForDialogs(hand);  // first, since an act may open another dialog
             auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget());
             if (top == nullptr) {
@@ -175,70 +188,158 @@ private:
             if (!top->isActiveWindow()) {
                 top->activateWindow();
             } else if (!m_acts.isEmpty()) {
-                attempt(*top, m_acts.takeFirst());
+                attempt([&] { perform(*top, m_acts.takeFirst()); });
             } else if (++m_idleRounds > 3) {
                 ADD_FAILURE() << top->objectName().toStdString() << " is still open";
                 top->done(0);
             }
         };
-        QMetaObject::invokeMethod(&hand, perform, Qt::QueuedConnection);
+        QMetaObject::invokeMethod(&hand, reach, Qt::QueuedConnection);
+    }
+    /// The program may end with it, and with the program all dialogs.
+    void attempt(const std::function<void()>& act) {
+        try {
+            return act();
+        } catch (const End&) {
+            m_results << "the end";
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+        }
+        if (auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            top->done(0);
+        }
     }
 
-    /// What both windows show, by name.
-    QMap<QString, QString> screen() {
+    /// One act in `window`: a verb, mostly a control and sometimes more.
+    void perform(QWidget& window, const QString& act) {
+        static const QMap<QString, void (Stage::*)(QWidget&, const QString&)> ofWindow{
+            {"choose", &Stage::choose}, {"close", &Stage::close}, {"visit", &Stage::visit}};
+        static const QMap<QString, void (Stage::*)(QWidget&, const QString&)> ofControl{
+            {"click", &Stage::click}, {"look", &Stage::look}, {"open", &Stage::open},
+            {"paste", &Stage::paste}, {"pick", &Stage::pick}, {"press", &Stage::pressKeys},
+            {"type", &Stage::type}};
+        const QString verb = act.section(' ', 0, 0);
+        if (ofWindow.contains(verb)) {
+            return (this->*ofWindow[verb])(window, act.section(' ', 1));
+        }
+        if (!ofControl.contains(verb)) {
+            throw std::runtime_error("no such verb: " + verb.toStdString());
+        }
+        auto* control = find<QWidget>(window, act.section(' ', 1, 1));
+        if (verb != "look" && verb != "open") {
+            control->setFocus();
+            m_focused = control->objectName();
+        }
+        (this->*ofControl[verb])(*control, act.section(' ', 2));
+    }
+    void choose(QWidget& /*window*/, const QString& item) {
+        find<QAction>(m_mainForm, item)->trigger();
+    }
+    void close(QWidget& window, const QString& /*nothing*/) { window.close(); }
+    void visit(QWidget& window, const QString& state) { m_visit(window, state); }
+
+    template <class Kind>
+    static Kind& as(QWidget& control) {
+        auto* found = qobject_cast<Kind*>(&control);
+        return found ? *found : throw std::runtime_error("a control of another kind");
+    }
+    void click(QWidget& control, const QString& /*nothing*/) {
+        as<QAbstractButton>(control).click();
+    }
+    void look(QWidget& control, const QString& /*nothing*/) {
+        m_results << control.objectName() + ' ' + shown(control);
+    }
+    void open(QWidget& control, const QString& /*nothing*/) {
+        auto& list = as<QComboBox>(control);
+        list.showPopup();
+        QStringList entries;
+        for (int row = 0; row < list.count(); ++row) {
+            entries << list.itemText(row);
+        }
+        m_results << entries.join(' ');
+        QTest::keyClick(list.view(), Qt::Key_Escape);
+    }
+    void paste(QWidget& control, const QString& text) {
+        QGuiApplication::clipboard()->setText(QString(text).replace("\\n", "\n"));
+        auto* list = qobject_cast<QComboBox*>(&control);
+        (list != nullptr ? *list->lineEdit() : as<QLineEdit>(control)).paste();
+    }
+    void pick(QWidget& control, const QString& entry) {
+        auto& list = as<QComboBox>(control);
+        list.showPopup();
+        const int row = list.findText(entry);
+        list.view()->setCurrentIndex(list.model()->index(row, 0));
+        QTest::keyClick(list.view(), Qt::Key_Return);
+        EXPECT_GE(row, 0) << "no entry " << entry.toStdString();
+    }
+    void pressKeys(QWidget& control, const QString& keys) { press(&control, keys.split(' ')); }
+    void type(QWidget& control, const QString& text) { QTest::keyClicks(&control, text); }
+
+    /// What can be seen, by name: the main window's orders, all that its dialog shows, and what
+    /// neither the record nor another fact says.
+    QMap<QString, QString> screen() const {
         QMap<QString, QString> seen;
-        const QRegularExpression named("^[a-z]{3}[A-Z]");
-        for (QWidget* window : QList<QWidget*>{&m_mainForm, m_window}) {
-            for (auto* control : window->findChildren<QWidget*>(named)) {
-                if (control->window() == window && control != m_report) {
-                    seen[control->objectName()] = shown(*control);
-                }
+        const QWidget* modal = QApplication::activeModalWidget();
+        const QWidget* focus = m_window->focusWidget();
+        for (const auto* order : m_mainForm.centralWidget()->findChildren<QPushButton*>()) {
+            seen["orders"] += order->isEnabled() ? ' ' + order->objectName().mid(3) : "";
+        }
+        if (m_dialog != nullptr && m_dialog->isVisible()) {
+            for (auto* control :
+                 m_dialog->findChildren<QWidget*>(QRegularExpression("^[a-z]{3}[A-Z]"))) {
+                seen[control->objectName()] = shown(*control);
+            }
+            if (const auto* sea = m_dialog->findChild<QWidget*>("picShips")) {
+                seen["sea"] = sea->palette().color(QPalette::Window).name();
             }
         }
-        const QWidget* focus = m_window->focusWidget();
-        const QWidget* sea = m_dialog ? m_dialog->findChild<QWidget*>("picShips") : nullptr;
-        const QWidget* modal = QApplication::activeModalWidget();
+        const QString status = textOf(*find<QWidget>(m_mainForm, "prgStatus"));
+        seen["gauge"] = status == ui::plain(m_game.gcurStatus) ? "" : status;
+        seen["caret"] = m_report->textCursor().atEnd() ? "at the end" : "elsewhere";
+        seen["closed"] = m_window->isVisible() ? "" : m_window->objectName();
+        seen["focus"] = !m_window->isVisible() ? "" : focus ? focus->objectName() : "nowhere";
         seen["on top"] = modal ? modal->objectName() : "";
-        seen["the focus"] = m_window->isVisible() && focus ? focus->objectName() : "";
-        seen["the window"] = m_window->isVisible() ? "open" : "closed";
-        seen["the title"] = m_mainForm.windowTitle();
-        seen["the time"] = QString::number(m_waited.count());
-        seen["the pointer"] = m_mainForm.cursor() == Qt::BusyCursor ? "busy" : "free";
-        seen["the report"] = m_report->palette().color(QPalette::Base).name();
-        seen["the caret"] = m_report->textCursor().atEnd() ? "at the end" : "elsewhere";
-        seen["the sea"] = sea ? sea->palette().color(QPalette::Window).name() : "";
-        seen["saved"] = m_game.gblnGameSaved ? "yes" : "no";
-        seen["link"] = m_link;
+        seen["pointer"] = m_mainForm.cursor() == Qt::BusyCursor ? "busy" : "free";
+        seen["report"] = m_report->palette().color(QPalette::Base).name();
+        seen["time"] = QString::number(m_waited.count());
         return seen;
     }
-    void tellChanges() {
+    /// Adds what is new in the report and, in a line, what has changed in the record and on the
+    /// screen. The focus counts only where an act has not put it.
+    void addScreen(const std::string& changes = {}) {
         static const QRegularExpression date("[A-Z][a-z]{2} \\d\\d, \\d{4}(?= - )");
-        const QString news = std::exchange(m_news, {}).remove(date);
-        m_told += (news.isEmpty() || news.startsWith('\n') ? "" : "\n") + news;
+        m_results += std::exchange(m_news, {}).remove(date).split('\n', Qt::SkipEmptyParts);
         const QMap<QString, QString> before = std::exchange(m_screen, screen());
+        QString facts;
         for (const auto& [name, now] : m_screen.asKeyValueRange()) {
-            m_told += before.value(name) != now ? '\n' + name + ' ' + now : "";
+            const bool known = before.value(name) == now || (name == "focus" && now == m_focused);
+            facts += known || now.isEmpty() ? "" : " * " + name + ' ' + now.trimmed();
+        }
+        if (!changes.empty() || !facts.isEmpty()) {
+            m_results << ui::fromRules(changes) + facts;
         }
     }
 
+    QString m_opening;
     Visitor m_visit;
     QTemporaryDir m_folder;
     ui::frmMain m_mainForm{*this, *this};
     game::GameState& m_game = m_mainForm.state();
+    game::GameState m_record;  ///< as of the last line
     QPlainTextEdit* m_report = find<QPlainTextEdit>(m_mainForm, "txtLog");
     std::unique_ptr<QDialog> m_dialog;
     QWidget* m_window = &m_mainForm;
-    ui::Answer m_answer = ui::Answer::Yes;
+    std::optional<ui::Answer> m_answer;
     QString m_file;                  ///< the next to load or to save; empty: the player cancels
-    QMap<int, QString> m_meanwhile;  ///< what to do during which wait
+    QMap<int, QString> m_meanwhile;  ///< what to do during which wait of the line
     int m_waits = 0;
-    QStringList m_acts;    ///< still to come in the dialogs that this line opens
-    int m_idleRounds = 0;  ///< of the event loop since the last of them, with a dialog still open
     game::Milliseconds m_waited{0};
-    QString m_link;
+    QStringList m_acts;    ///< of the line, still to come in the dialogs that it opens
+    int m_idleRounds = 0;  ///< of the event loop since the last of them, with a dialog still open
+    QString m_focused;     ///< by the last act
     QMap<QString, QString> m_screen;
     QString m_news;  ///< inserted into the report since it was looked at last
-    QString m_told;
+    QStringList m_results;
 };
 
 }  // namespace test

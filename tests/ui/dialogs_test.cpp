@@ -1,14 +1,18 @@
 #include "approved.h"
 #include "stage.h"
 
-/// What players do in the windows, and what changes on the screen.
-TEST(Windows, DoAsApproved) {
+TEST(Dialogs, FollowTheirScripts) {
     std::optional<test::Stage> stage;
     test::expectScripts("dialogs.txt", [&stage](const std::string& line) {
-        if (line.starts_with(">> ")) {
-            return stage->act(QString::fromStdString(line.substr(3)));
+        SCOPED_TRACE(line);
+        try {
+            if (stage && line.starts_with(">> ")) {
+                return stage->act(QString::fromStdString(line.substr(3)));
+            }
+            stage.emplace(QString::fromStdString(line.substr(2)));
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
         }
-        stage.emplace(QString::fromStdString(line.substr(2)));
         return std::string{};
     });
 }

@@ -1,6 +1,6 @@
-// How every window looks and sounds: that its texts have room and can be read at any size of
-// letters, in light and in dark, that the focus is seen and that everything has a name. Where
-// ZHENBAO_SCREENSHOTS names a folder, pictures of all windows are left there.
+// How every window looks and sounds: room and contrast for its texts, visible focus, the way of the
+// Tab key and spoken names. If ZHENBAO_SCREENSHOTS names a folder, pictures of all windows are left
+// there.
 
 #include <numeric>
 
@@ -11,7 +11,170 @@
 
 namespace {
 
-/// What the text of a control needs; nothing where it has none or scrolls.
+const QString usualFigures =
+    " Cannons=6 Status=83 Hold=210 MaxHold=210 SOpium=75 SSilk=50 SArms=25 WSilk=410 WArms=820 "
+    "WGeneral=1230 POpium=19000 PSilk=1500 PArms=110 PGeneral=7 Bank=180400 Debt=23958 "
+    "Cash=264815 Millionaire=yes Date=1862-09-15";
+const QString longestFigures =  // that play leads to
+    " Cannons=400 Status=83 Hold=9960 MaxHold=9960 SOpium=10000 SSilk=10000 SArms=10000 "
+    "SGeneral=10000 WOpium=10000 WSilk=10000 WArms=10000 WGeneral=10000 POpium=250000 "
+    "PSilk=25000 PArms=2500 PGeneral=250 Bank=899999999999 Debt=899999999999 "
+    "Cash=999999999999 Millionaire=yes Date=1862-09-15 Firm=Heron,Whitcombe&Moore";
+
+struct Look {
+    QString name;
+    QString figures = usualFigures;
+    int points = 9;
+    bool dark = false;
+};
+const Look light{.name = "light"};
+const Look dark{.name = "dark", .dark = true};
+
+QPalette darkPalette() {
+    QPalette palette(QColor(0x2d, 0x2f, 0x33));
+    palette.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
+    palette.setColor(QPalette::HighlightedText, Qt::white);
+    palette.setColor(QPalette::Link, QColor(0x00, 0x00, 0xff));  // some dark desktops forget it
+    return palette;
+}
+
+/// Plays windows.txt in a look, and returns it with what `describe` says of each visited window.
+std::string visitWindows(const Look& look,
+                         const std::function<QString(QWidget&, const QString& state)>& describe) {
+    SCOPED_TRACE(look.name.toStdString());
+    const QFont usualFont = QApplication::font();
+    const QPalette usualPalette = QApplication::palette();
+    QFont font = usualFont;
+    font.setPointSize(look.points);
+    QApplication::setFont(font);
+    QApplication::setPalette(look.dark ? darkPalette() : usualPalette);
+    ui::makeSelectionReadable();
+    std::optional<test::Stage> stage;
+    QString text;
+    const auto visit = [&](QWidget& window, const QString& state) {
+        SCOPED_TRACE(state.toStdString());
+        test::activate(window);
+        if (const QString pictures = qEnvironmentVariable("ZHENBAO_SCREENSHOTS");
+            !pictures.isEmpty()) {
+            const QDir folder(pictures + '/' + look.name);
+            EXPECT_TRUE(folder.mkpath(".") && window.grab().save(folder.filePath(state + ".png")));
+        }
+        text += describe(window, state);
+    };
+    const std::string all = test::played("windows.txt", [&](const std::string& script) {
+        QString line = QString::fromStdString(script);
+        text.clear();
+        if (line.startsWith(">> ")) {
+            stage->act(line.mid(3));
+        } else {
+            stage.emplace(line.mid(2).replace(" |", look.figures + " |"), visit);
+        }
+        return text.toStdString();
+    });
+    stage.reset();
+    QApplication::setFont(usualFont);
+    QApplication::setPalette(usualPalette);
+    return all;
+}
+
+/// Presses Tab until it comes to a control again, and returns the way.
+QList<QWidget*> walkByTab(QWidget& window, const std::function<void(QWidget& stop)>& pressTab) {
+    QList<QWidget*> stops;
+    for (QWidget* stop = window.focusWidget(); stop != nullptr && !stops.contains(stop);
+         stop = window.focusWidget()) {
+        stops << stop;
+        pressTab(*stop);
+    }
+    return stops;
+}
+void pressTab(QWidget& stop) {
+    QTest::keyClick(&stop, Qt::Key_Tab);
+}
+
+// --- What a window consists of.
+
+/// A text without case, colons and blanks between words.
+QString bare(const QString& text) {
+    static const QRegularExpression unsaid("[ :](?=\\S)|:$|&|<[^>]*>");
+    return QString(text).remove(unsaid).toLower();
+}
+QString spokenBy(QWidget& control) {
+    return QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name).trimmed();
+}
+
+/// The name of a control, its caption unless its name or the field beside it says the same, and
+/// what is spoken unless the caption or, of a field, the name says the same.
+QString described(QWidget& control) {
+    const QString name = control.objectName();
+    const auto* label = qobject_cast<const QLabel*>(&control);
+    const bool field = control.property("readOnly").isValid() || control.inherits("QComboBox") ||
+                       control.inherits("QSlider") || control.inherits("QProgressBar");
+    const QString caption = field ? "" : test::textOf(control).replace('\n', '|');
+    const QString spoken = spokenBy(control).replace('\n', '|');
+    EXPECT_TRUE(!spoken.isEmpty() || !field) << name.toStdString() << " has no spoken name";
+    const bool beside = label != nullptr && label->buddy() != nullptr &&
+                        bare(spokenBy(*label->buddy())).startsWith(bare(caption));
+    const bool written = !caption.isEmpty() && bare(caption) != bare(name.mid(3)) && !beside;
+    const bool heard = !spoken.isEmpty() && !control.inherits("QScrollBar") &&
+                       bare(spoken) != bare(caption.isEmpty() ? name.mid(3) : caption).trimmed();
+    return written || heard ? name + (written ? " \"" + caption + '"' : "") +
+                                  (heard ? " spoken \"" + spoken + '"' : "")
+                            : "";
+}
+
+/// `parts` on as many lines as they need.
+QString lines(const QStringList& parts) {
+    QString all;
+    qsizetype room = 0;
+    for (const QString& part : parts) {
+        const bool fits = room >= part.size();
+        all += fits ? ", " : all.isEmpty() ? "    " : ",\n    ";
+        room = (fits ? room : 100) - part.size() - 2;
+        all += part;
+    }
+    return all + (all.isEmpty() ? "" : "\n");
+}
+
+/// Title and, where they are fixed, size and place; what goes beyond the names of the controls; the
+/// way of the Tab key.
+QString contentsOf(QWidget& window, const QString& state) {
+    QString text = window.objectName() + " \"" + window.windowTitle() + '"';
+    if (const QRect place = window.geometry(); dynamic_cast<ui::GameForm*>(&window) != nullptr) {
+        const QPoint tens = (place.topLeft() - window.parentWidget()->pos()) / 10.0;
+        text += QString(", %1 x %2 at ").arg(place.width()).arg(place.height()) +
+                QString("%1, %2").arg(tens.x() * 10).arg(tens.y() * 10);
+    }
+    QStringList parts;
+    for (auto* item : window.findChildren<QAction*>(QRegularExpression("^mnu.*Item[^S]*$"))) {
+        parts << item->objectName() + (item->isEnabled() ? "" : ", disabled") + " \"" +
+                     item->text() + "\" " + item->shortcut().toString();
+    }
+    for (auto* control : test::controlsOf(window)) {
+        parts << described(*control);
+    }
+    parts.removeAll("");
+    QStringList way;
+    for (const QWidget* stop : walkByTab(window, pressTab)) {
+        way << stop->objectName() + (stop->property("default").toBool() ? " (Enter)" : "");
+    }
+    EXPECT_GE(way.size(), std::ranges::count_if(test::controlsOf(window), [](const auto* control) {
+                  return control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0;
+              }));
+    const bool all = state.startsWith("frm");  // or else a state of a window described before
+    way.front().prepend("Tab: ");
+    return text + '\n' + (all ? lines(parts) : "") + lines(way);
+}
+
+TEST(Look, EveryWindowHasItsContents) {
+    test::expectApproved("windows.txt",
+                         visitWindows(light, [](QWidget& window, const QString& state) {
+                             return state.contains("frm") ? contentsOf(window, state) : QString();
+                         }));
+}
+
+// --- Room.
+
+/// What the text of a control needs; nothing if it has none or scrolls.
 QSize neededBy(const QWidget& control) {
     if (auto* label = qobject_cast<const QLabel*>(&control); label && label->wordWrap()) {
         return {0, label->heightForWidth(label->width())};
@@ -27,7 +190,7 @@ QSize neededBy(const QWidget& control) {
                                            : QSize();
 }
 
-void expectRoom(QWidget& window) {
+void expectRoom(const QWidget& window) {
     const QList<QWidget*> controls = test::controlsOf(window);
     for (auto* control : controls) {
         SCOPED_TRACE(control->objectName().toStdString());
@@ -53,8 +216,32 @@ void expectRoom(QWidget& window) {
     }
 }
 
-/// Whoever cannot press a button need not read it: what is disabled may be dim.
-void expectReadable(QWidget& window) {
+TEST(Look, TextsHaveRoomAtAnySizeOfLetters) {
+    for (const int points : {8, 9, 14, 20}) {
+        const Look look{QString("%1 pt").arg(points), longestFigures, points};
+        visitWindows(look, [](QWidget& window, const QString& /*state*/) {
+            expectRoom(window);
+            const QSize wanted = window.size();
+            window.resize(0, 0);  // as small as it goes
+            expectRoom(window);
+            window.resize(wanted);
+            return QString();
+        });
+    }
+    visitWindows(light, [](QWidget& window, const QString& /*state*/) {
+        expectRoom(window);
+        EXPECT_LE(window.height(), std::max(window.minimumSizeHint().height(),
+                                            window.screen()->availableSize().height()));
+        const int title = window.fontMetrics().horizontalAdvance(window.windowTitle());
+        EXPECT_TRUE(window.width() > title + 100 || !window.inherits("QMessageBox"));
+        return QString();
+    });
+}
+
+// --- Colours.
+
+/// Disabled controls may be dim.
+QString expectContrast(QWidget& window, const QString& /*state*/) {
     using Palette = QPalette;
     static const QRegularExpression colourOfLink("color: (#[0-9a-f]{6})");
     for (auto* control : test::controlsOf(window)) {
@@ -77,140 +264,36 @@ void expectReadable(QWidget& window) {
                     ui::contrast(QColor(link.captured(1)), colours.color(Palette::Window)) >=
                         ui::leastContrast);
     }
+    return {};
 }
 
-/// A control as other programs know it, its caption or text, and what a screen reader says of it;
-/// nothing where there is none of both, or only how far it is scrolled.
-QString described(QWidget& control) {
-    const QMetaObject* kind = control.metaObject();
-    while (kind->className()[0] != 'Q') {
-        kind = kind->superClass();
-    }
-    const QString text = test::textOf(control).replace('\n', '|').trimmed();
-    QString spoken = QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name);
-    spoken = spoken.replace('\n', '|').trimmed();
-    if ((text.isEmpty() && spoken.isEmpty()) || control.inherits("QScrollBar")) {
-        return {};
-    }
-    return QString("    %1 %2%3 %4%5\n")
-        .arg(kind->className(), control.objectName(),
-             control.property("default").toBool() ? ", default" : "", test::shown(control),
-             spoken == text ? "" : ", spoken \"" + spoken + '"');
-}
-
-/// The way of the Tab key, which comes to every control that should have it; each shows the focus.
-QString wayOfTab(QWidget& window) {
-    EXPECT_TRUE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "seen after Tab only";
-    test::activate(window);
-    QString told;
-    QList<QWidget*> stops;
-    for (QWidget* stop = window.focusWidget(); stop != nullptr && !stops.contains(stop);
-         stop = window.focusWidget()) {
-        const QRect place(stop->mapTo(&window, QPoint()), stop->size());
+/// A control looks different once the focus has gone on to the next.
+QString expectVisibleFocus(QWidget& window, const QString& /*state*/) {
+    EXPECT_TRUE(window.testAttribute(Qt::WA_KeyboardFocusChange)) << "visible after Tab only";
+    walkByTab(window, [&window](QWidget& stop) {
+        const QRect place(stop.mapTo(&window, QPoint()), stop.size());
         const QImage with = window.grab(place).toImage();
-        QTest::keyClick(stop, Qt::Key_Tab);
+        pressTab(stop);
         const QImage without = window.grab(place).toImage();
         const int bytes =
             std::transform_reduce(with.constBits(), with.constBits() + with.sizeInBytes(),
                                   without.constBits(), 0, std::plus(), std::not_equal_to());
-        EXPECT_TRUE(bytes >= 2 * std::max(stop->width(), 20) || stop == window.focusWidget())
-            << stop->objectName().toStdString() << " does not show the focus";
-        told += (stops.isEmpty() ? "    Tab: " : ", ") +
-                (stop->objectName().isEmpty() ? test::textOf(*stop) : stop->objectName());
-        stops << stop;
-    }
-    EXPECT_GE(stops.size(),
-              std::ranges::count_if(test::controlsOf(window), [](const auto* control) {
-                  return control->isEnabled() && (control->focusPolicy() & Qt::TabFocus) != 0;
-              }));
-    return told + '\n';
+        EXPECT_TRUE(bytes >= 2 * std::max(stop.width(), 20) || &stop == window.focusWidget())
+            << stop.objectName().toStdString() << " does not show the focus";
+    });
+    return {};
 }
 
-/// Everything that has a name in a window and, where that is fixed, its size and place.
-QString contentsOf(QWidget& window) {
-    QString told = window.objectName() + " \"" + window.windowTitle() + "\"\n";
-    if (const QRect place = window.geometry(); dynamic_cast<ui::GameForm*>(&window) != nullptr) {
-        const QPoint tens = (place.topLeft() - window.parentWidget()->pos()) / 10.0;
-        told += QString("    %1 x %2 at ").arg(place.width()).arg(place.height()) +
-                QString("%1, %2\n").arg(tens.x() * 10).arg(tens.y() * 10);
+TEST(Look, TextsCanBeReadInLightAndDark) {
+    for (const Look& look : {light, dark}) {
+        visitWindows(look, expectContrast);
     }
-    for (auto* action : window.findChildren<QAction*>(QRegularExpression("^mnu.*Item"))) {
-        told += QString("    %1%2 \"%3\" %4\n")
-                    .arg(action->objectName(), action->isEnabled() ? "" : ", disabled",
-                         action->text(), action->shortcut().toString());
-    }
-    for (auto* control : test::controlsOf(window)) {
-        told += described(*control);
-    }
-    return told;
 }
 
-TEST(Look, IsGoodInEveryWindowAtAnySizeInLightAndInDark) {
-    const QString usual =
-        " Cannons=6 Status=83 Hold=210 MaxHold=210 SOpium=75 SSilk=50 SArms=25 WSilk=410 WArms=820 "
-        "WGeneral=1230 POpium=19000 PSilk=1500 PArms=110 PGeneral=7 Bank=180400 Debt=23958 "
-        "Cash=264815 Millionaire=yes Date=1862-09-15";
-    const QString richest =  // the longest figures that play leads to
-        " Cannons=400 Status=83 Hold=9960 MaxHold=9960 SOpium=10000 SSilk=10000 SArms=10000 "
-        "SGeneral=10000 WOpium=10000 WSilk=10000 WArms=10000 WGeneral=10000 POpium=250000 "
-        "PSilk=25000 PArms=2500 PGeneral=250 Bank=899999999999 Debt=899999999999 "
-        "Cash=999999999999 Millionaire=yes Date=1862-09-15 Firm=Heron,Whitcombe&Moore";
-    QPalette dark(QColor(0x2d, 0x2f, 0x33));
-    dark.setColor(QPalette::Highlight, QColor(0x3d, 0xae, 0xe9));
-    dark.setColor(QPalette::HighlightedText, Qt::white);
-    dark.setColor(QPalette::Link, QColor(0x00, 0x00, 0xff));  // as dark desktops forget it
-    const QPalette light = QApplication::palette();
-    const QString pictures = qEnvironmentVariable("ZHENBAO_SCREENSHOTS");
-    const QFont usualFont = QApplication::font();
-    for (const char* name : {"light", "dark", "8 pt", "9 pt", "11 pt", "14 pt", "20 pt"}) {
-        SCOPED_TRACE(name);
-        const int points = QString(name).section(' ', 0, 0).toInt();
-        QFont font = usualFont;
-        font.setPointSize(points > 0 ? points : 9);
-        QApplication::setFont(font);
-        QApplication::setPalette(QString(name) == "dark" ? dark : light);
-        ui::makeSelectionReadable();
-        QString told;
-        const auto visit = [&](QWidget& window, const QString& state) {
-            SCOPED_TRACE(state.toStdString());
-            if (const QDir folder(pictures + '/' + name); !pictures.isEmpty()) {
-                EXPECT_TRUE(folder.mkpath(".") &&
-                            window.grab().save(folder.filePath(state + ".png")));
-            }
-            const QString contents = contentsOf(window) + wayOfTab(window);
-            told += state.startsWith("frm") ? contents : "";  // or a state of a window known
-            if (points == 0) {
-                EXPECT_LE(window.height(), std::max(window.minimumSizeHint().height(),
-                                                    window.screen()->availableSize().height()));
-                const int title = window.fontMetrics().horizontalAdvance(window.windowTitle());
-                EXPECT_TRUE(window.width() > title + 100 || !window.inherits("QMessageBox"));
-            }
-            expectReadable(window);
-            expectRoom(window);
-            const QSize wanted = window.size();
-            window.resize(0, 0);  // as small as it goes
-            expectRoom(window);
-            window.resize(wanted);
-        };
-        std::optional<test::Stage> stage;
-        const auto play = [&](const std::string& script) {
-            QString line = QString::fromStdString(script);
-            told.clear();
-            if (line.startsWith(">> ")) {
-                stage->act(line.mid(3));
-            } else {
-                line.replace(" |", (points > 0 ? richest : usual) + " |");
-                stage.emplace(line.mid(2), visit);
-            }
-            return told.toStdString();
-        };
-        const std::string windows = test::played("windows.txt", play);
-        if (QString(name) == "light") {
-            test::expectApproved("windows.txt", windows);
-        }
+TEST(Look, FocusIsVisibleInLightAndDark) {
+    for (const Look& look : {light, dark}) {
+        visitWindows(look, expectVisibleFocus);
     }
-    QApplication::setFont(usualFont);
-    QApplication::setPalette(light);
 }
 
 }  // namespace

@@ -1,0 +1,85 @@
+// The program with its real desktop, in games far longer than anybody plays.
+
+#include <malloc.h>
+
+#include "player.h"
+#include "qt_desktop.h"
+
+namespace {
+
+/// The real desktop without its pauses.
+struct QuickDesktop final : ui::QtDesktop {
+    void wait(game::Milliseconds /*duration*/) override {}
+};
+
+/// A captain who runs from pirates and otherwise presses Enter.
+struct LongGames : testing::Test {
+    LongGames() {
+        mainForm.show();
+        reachForDialogs();
+    }
+    void reachForDialogs() {
+        QTimer::singleShot(0, &hand, [this] {
+            reachForDialogs();
+            if (auto* top = QApplication::activeModalWidget(); top != nullptr) {
+                auto* run = top->findChild<QPushButton*>("cmdRun");
+                run != nullptr ? run->click() : test::press(top->focusWidget(), {"Return"});
+            }
+        });
+    }
+
+    QuickDesktop desktop;
+    game::Generator chance{1'860};
+    ui::frmMain mainForm{desktop, chance};
+    QPlainTextEdit* report = test::find<QPlainTextEdit>(mainForm, "txtLog");
+    QObject hand;
+};
+
+TEST_F(LongGames, MemoryStaysFlat) {
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "sanitizers keep what is freed";
+#endif
+    game::startGame(mainForm.state(), chance, game::Scenario::Cannons, "Heron");
+    mainForm.beginGame(" - Welcome Captain");
+    mainForm.UpdateMainForm();
+    std::array<std::size_t, 2> peaks{};  // of either half: bytes in use
+    for (int voyage = 0; voyage < 1'500; ++voyage) {
+        const game::GameDate before = mainForm.state().gdtmDate;
+        mainForm.state().gcurStatus = 100;
+        mainForm.state().gcurBank = 0;
+        test::find<QPushButton>(mainForm, "cmdLeave")->click();
+        for (int round = 0; round < 3; ++round) {
+            QCoreApplication::processEvents();
+        }
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        ASSERT_NE(mainForm.state().gdtmDate, before) << "no voyage";
+        ASSERT_LE(report->document()->characterCount(), 20'001) << voyage;
+        ASSERT_LT(report->document()->blockCount(), 1'000) << "what a refresh has to go through";
+        std::size_t& peak = peaks.at(voyage / 750);
+        peak = std::max(peak, mallinfo2().uordblks);
+    }
+    EXPECT_LT(peaks[1], peaks[0] + (1U << 16U));
+}
+
+TEST_F(LongGames, ReportKeepsItsLastEntries) {
+    mainForm.beginGame(" - Welcome Captain");
+    const QString date = QString::fromStdString(game::dateText(mainForm.state().gdtmDate));
+    QString expected = date + " - Welcome Captain";
+    for (int entry = 0; entry < 300; ++entry) {
+        mainForm.appendEntry(" - " + std::string(80, 'x'));
+        mainForm.UpdateMainForm();
+        expected = (expected + "\r\n" + date + " - " + QString(80, 'x')).right(20'000);
+        ASSERT_EQ(report->toPlainText(), QString(expected).remove('\r'));
+    }
+    for (const bool scrolledUp : {true, false}) {  // dots leave the reader of older entries alone
+        auto* bar = report->verticalScrollBar();
+        bar->setValue(scrolledUp ? 0 : bar->maximum());
+        mainForm.appendText(std::string(1'000, '.'));
+        EXPECT_EQ(bar->value(), scrolledUp ? 0 : bar->maximum());
+        bar->setValue(0);
+        mainForm.appendEntry(" - every entry is scrolled to");
+        EXPECT_EQ(bar->value(), bar->maximum());
+    }
+}
+
+}  // namespace
