@@ -23,7 +23,7 @@ double load(const GameState& state) {
 }
 
 /// From 3 ships to a tenth of the hold's capacity, twice as many if they are Kwan Tat's own. Never
-/// below 1 or above 48, whatever the capacity.
+/// below 1 or above 48 for any capacity.
 Currency drawFleet(const GameState& state, Random& random) {
     const Currency ships = drawFrom(random, 3, state.gcurMaxHold.toDouble() / 10 - 3 + 1);
     return std::clamp(tributeOverdue(state) ? ships * 2 : ships, Currency{1},

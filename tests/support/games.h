@@ -15,9 +15,7 @@ namespace test {
 template <class Visit>
 void eachMember(Visit visit) {
     using G = game::GameState;
-    const auto visitAll = [&visit](const auto&... rows) {
-        (visit(std::string_view{rows.first}, rows.second), ...);
-    };
+    const auto visitAll = [&visit](const auto&... rows) { (visit(rows.first, rows.second), ...); };
     using std::pair;
     visitAll(pair{"Date", &G::gdtmDate}, pair{"Firm", &G::gstrFirm}, pair{"At", &G::gstrLocation},
              pair{"Cannons", &G::gcurCannons}, pair{"Status", &G::gcurStatus},
