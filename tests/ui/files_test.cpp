@@ -10,6 +10,7 @@
 #include "player.h"
 #include "qt_desktop.h"
 #include "saved_game.h"
+#include "saved_games.h"
 
 namespace {
 
@@ -188,6 +189,7 @@ TEST_F(GameFile, IsChosenAmongEveryFileAndFoundAgain) {
         test::act(dialog, "press fileNameEdit Return");
     });
     EXPECT_EQ(desktop.chooseFileToSave(&owner), path("as typed"));
+    desktop.rememberFile(path("as typed"));
     inNextDialog([&](QDialog& dialog) {
         EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "as typed");
         QTest::keyClick(&dialog, Qt::Key_Escape);
@@ -196,6 +198,48 @@ TEST_F(GameFile, IsChosenAmongEveryFileAndFoundAgain) {
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               (QStringList{"game.zhb", "no dot"}))
         << "something is left behind";
+}
+
+/// The real file dialogs of a main window, and what its boxes told.
+struct Files final : ui::QtDesktop {
+    QStringList told;
+    ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
+        told << box.title + '|' + box.text;
+        return ui::Answer::Ok;
+    }
+};
+
+TEST_F(GameFile, IsLoadedByItsNameAndRememberedIfThereIsOne) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir("deep"));
+    write(path("deep/plainname"), textOf(newGame));
+    qputenv("HOME", folder.path().toLocal8Bit());
+    Files desktop;
+    game::Generator chance(1);
+    ui::frmMain mainForm(desktop, chance);
+    const auto confirm = [](QDialog& dialog, const QString& name) {
+        test::act(dialog, "paste fileNameEdit " + name);
+        test::act(dialog, "press fileNameEdit Return");
+    };
+    inNextDialog([&](QDialog& dialog) {
+        confirm(dialog, "deep");
+        EXPECT_TRUE(dialog.isVisible()) << "a folder is opened and not chosen";
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir(path("deep")));
+        confirm(dialog, "nowhere");
+    });
+    ui::loadGame(mainForm);
+    EXPECT_EQ(desktop.told.join(' '), "No such file or directory|Error Opening File   ");
+    inNextDialog([&](QDialog& dialog) { confirm(dialog, "deep/plainname"); });
+    ui::loadGame(mainForm);
+    EXPECT_EQ(mainForm.state().gcurCash, newGame.gcurCash);
+    inNextDialog([&](QDialog& dialog) { confirm(dialog, "/proc/none.zhb"); });
+    ui::saveGame(mainForm);
+    EXPECT_EQ(desktop.told.size(), 2);
+    inNextDialog([&](QDialog& dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir(path("deep")));
+        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "plainname");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    ui::saveGame(mainForm);
 }
 
 }  // namespace
