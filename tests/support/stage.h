@@ -113,7 +113,9 @@ public:
             const QStringList acts = line.split(" > ");
             performInDialogs(acts.mid(1));
             attempt(*m_window, acts.front());
-            QCoreApplication::sendPostedEvents(qApp);
+            for (m_acting = true; m_acting;) {
+                QCoreApplication::sendPostedEvents();
+            }
             tellChanges();
         }
         return m_told.mid(1).toStdString() + (m_told.isEmpty() ? "" : "\n");
@@ -176,13 +178,18 @@ private:
     void performInDialogs(const QStringList& acts) {
         const auto performNext = [this, acts] {
             auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            m_acting = top != nullptr;
             EXPECT_EQ(top == nullptr, acts.isEmpty()) << "a dialog more or less than in the script";
             if (top != nullptr) {
                 performInDialogs(acts.mid(1));
                 acts.isEmpty() ? top->done(0) : attempt(*top, acts.front());
             }
         };
-        QMetaObject::invokeMethod(qApp, performNext, Qt::QueuedConnection);
+        // The order that opens the dialog is carried out from the event loop, too.
+        const auto behindTheOrder = [performNext] {
+            QMetaObject::invokeMethod(qApp, performNext, Qt::QueuedConnection);
+        };
+        QMetaObject::invokeMethod(qApp, behindTheOrder, Qt::QueuedConnection);
     }
 
     /// What both windows show, by name.
@@ -235,6 +242,7 @@ private:
     QString m_file;                  ///< the next to load or to save; empty: the player cancels
     QMap<int, QString> m_meanwhile;  ///< what to do during which wait
     int m_waits = 0;
+    bool m_acting = false;  ///< some acts of the line are still to come
     game::Milliseconds m_waited{0};
     QString m_link;
     QMap<QString, QString> m_screen;

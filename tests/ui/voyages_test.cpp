@@ -40,12 +40,14 @@ TEST_F(Voyages, MayBeTenThousand) {
     GTEST_SKIP() << "sanitizers keep what is freed";
 #endif
     test::find<QAction>(mainForm, "mnuNewItem")->trigger();
+    QCoreApplication::sendPostedEvents();
     auto* report = test::find<QPlainTextEdit>(mainForm, "txtLog");
     std::size_t early = 0;
     for (int voyage = 1; voyage <= 10'000; ++voyage) {
         mainForm.state().gcurStatus = 100;
         mainForm.state().gcurBank = 0;
         test::act(mainForm, "click cmdLeave");
+        QCoreApplication::sendPostedEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         ASSERT_LE(report->document()->characterCount(), 20'001) << voyage;
         early = voyage == 100 ? mallinfo2().uordblks : early;
