@@ -29,6 +29,7 @@ int main(int argc, char** argv) {
     QApplication::setWindowIcon(programIcon());
     QApplication::setDesktopFileName(QStringLiteral(ZHENBAO_ID));  // whose menu entry it is
     ui::makeSelectionReadable();
+    ui::keepNoFileHistory();
     QApplication::setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
 
     ui::QtDesktop desktop;

@@ -194,7 +194,11 @@ private:
                 top->done(0);
             }
         };
-        QMetaObject::invokeMethod(&hand, reach, Qt::QueuedConnection);
+        // Orders are carried out from the event loop, so the next act comes after one more event.
+        const auto afterOrder = [&hand, reach] {
+            QMetaObject::invokeMethod(&hand, reach, Qt::QueuedConnection);
+        };
+        QMetaObject::invokeMethod(&hand, afterOrder, Qt::QueuedConnection);
     }
     /// The program may end with it, and with the program all dialogs.
     void attempt(const std::function<void()>& act) {

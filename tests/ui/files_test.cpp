@@ -7,6 +7,7 @@
 #include "player.h"
 #include "qt_desktop.h"
 #include "saved_game.h"
+#include "saved_games.h"
 
 namespace {
 
@@ -149,7 +150,7 @@ void inNextDialog(const std::function<void(QDialog&)>& play) {
     });
 }
 
-TEST_F(GameFile, DialogListsFilesAndRemembersTheLast) {
+TEST_F(GameFile, DialogListsFilesAndKeepsNoHistory) {
     write(path("no dot"), {});
     qputenv("HOME", folder.path().toLocal8Bit());
     QWidget owner;
@@ -170,14 +171,52 @@ TEST_F(GameFile, DialogListsFilesAndRemembersTheLast) {
         test::press(name, {"Return"});
     });
     EXPECT_EQ(desktop.chooseFileToSave(&owner), path("as typed"));
-    inNextDialog([&](QDialog& dialog) {
-        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "as typed");
-        test::press(&dialog, {"Esc"});
-    });
-    EXPECT_EQ(desktop.chooseFileToSave(&owner), QString{});
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               (QStringList{"game.zhb", "no dot"}))
         << "not removed";
+}
+
+/// The real file dialogs, with the boxes that follow them written down.
+struct Files final : ui::QtDesktop {
+    QStringList boxes;
+    ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
+        boxes << box.title + '|' + box.text;
+        return ui::Answer::Ok;
+    }
+};
+
+TEST_F(GameFile, LoadsByAnyNameAndRemembersWhatWorked) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir("deep"));
+    write(path("deep/plainname"), textOf(newGame));
+    qputenv("HOME", folder.path().toLocal8Bit());
+    Files desktop;
+    game::Generator chance(1);
+    ui::frmMain mainForm(desktop, chance);
+    const auto confirm = [](QDialog& dialog, const QString& typed) {
+        auto* name = test::find<QLineEdit>(dialog, "fileNameEdit");
+        name->setText(typed);
+        test::press(name, {"Return"});
+    };
+    inNextDialog([&](QDialog& dialog) {
+        confirm(dialog, "deep");
+        EXPECT_TRUE(dialog.isVisible()) << "a folder is opened and not chosen";
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir(path("deep")));
+        confirm(dialog, "nowhere");
+    });
+    ui::loadGame(mainForm);
+    EXPECT_EQ(desktop.boxes.join(' '), "No such file or directory|Error Opening File   ");
+    inNextDialog([&](QDialog& dialog) { confirm(dialog, "deep/plainname"); });
+    ui::loadGame(mainForm);
+    EXPECT_EQ(mainForm.state().gcurCash, newGame.gcurCash);
+    inNextDialog([&](QDialog& dialog) { confirm(dialog, "/proc/none.zhb"); });
+    ui::saveGame(mainForm);
+    EXPECT_EQ(desktop.boxes.size(), 2);
+    inNextDialog([&](QDialog& dialog) {
+        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir(path("deep")));
+        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "plainname");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    ui::saveGame(mainForm);
 }
 
 }  // namespace

@@ -4,6 +4,8 @@
 #include <QDir>
 #include <QTemporaryDir>
 
+#include "qt_desktop.h"
+
 /// What Qt and its plugins keep until the end of the process is not a leak of ours. A sanitized
 /// program asks for its options under this name.
 extern "C" const char* __asan_default_options() {
@@ -18,6 +20,7 @@ int main(int argc, char** argv) {
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");  // also while the tests are only listed
     const QApplication application(argc, argv);
+    ui::keepNoFileHistory();
     testing::InitGoogleTest(&argc, argv);
     const int failed = RUN_ALL_TESTS();
     QStringList left =

@@ -108,7 +108,14 @@ public:
     [[noreturn]] void endProgram() override { end("the program ends"); }
 
 private:
-    void wake() { QMetaObject::invokeMethod(this, &Player::step, Qt::QueuedConnection); }
+    /// Usually behind an order just given, which takes an event of the loop as well.
+    void wake() {
+        const auto stir = [this] {
+            QMetaObject::invokeMethod(this, &Player::step,
+                                      dice(4) == 1 ? Qt::DirectConnection : Qt::QueuedConnection);
+        };
+        QMetaObject::invokeMethod(this, stir, Qt::QueuedConnection);
+    }
     void step() {
         wake();  // first, since an act may open a window
         QWidget* modal = QApplication::activeModalWidget();
@@ -235,7 +242,8 @@ private:
     }
     void act(bool nonsense) {
         static const QRegularExpression usual(
-            "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Start|Retire|Cannon|Ship)$|HongKong");
+            "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Start|Retire|Cannon|Ship|OK)$|HongKong|"
+            "Withdraw");
         QGuiApplication::clipboard()->setText(
             any(QStringList{"0", "7", "99999999999999999999", "-5", "x", "$1,2 3", "3.5", "\"",
                             "Smith & Sons", QString(3'000, '9'), "\n\r\t", "\u0663\u4E2D"}));

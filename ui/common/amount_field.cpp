@@ -86,6 +86,7 @@ void AmountField::FillAmountList(game::Currency maximum) {
 }
 
 void AmountField::showPopup() {
+    m_selectOnRelease = false;  // the list gets the release of the click that opens it
     emit dropDown();
     FillAmountList(m_maximum());
     QComboBox::showPopup();
@@ -98,10 +99,6 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
                 return discards(*static_cast<QKeyEvent*>(event));
             case QEvent::InputMethod:
                 return discards(static_cast<QInputMethodEvent*>(event)->commitString());
-            case QEvent::MouseButtonPress:
-                // A click into a text that is selected whole, as after Tab, keeps it so.
-                m_selectOnRelease |= lineEdit()->selectedText() == lineEdit()->text();
-                break;
             case QEvent::MouseButtonRelease:
                 if (std::exchange(m_selectOnRelease, false) && !lineEdit()->hasSelectedText()) {
                     lineEdit()->selectAll();
@@ -161,7 +158,8 @@ void AmountField::inputMethodEvent(QInputMethodEvent* event) {
 
 void AmountField::focusInEvent(QFocusEvent* event) {
     QComboBox::focusInEvent(event);
-    // Whoever comes into the field replaces its text by typing; the mouse selects it when released.
+    // Typing replaces the text after the focus has come. A click brings the focus before it places
+    // the caret, so it selects when it is over.
     m_selectOnRelease = event->reason() == Qt::MouseFocusReason;
     if (!m_selectOnRelease && event->reason() != Qt::PopupFocusReason) {
         lineEdit()->selectAll();

@@ -35,12 +35,11 @@ QSize Button::sizeHint() const {
 }
 
 void Button::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && !isDefault()) {
-        event->ignore();
-        return;
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+        click();
+    } else {
+        QPushButton::keyPressEvent(event);
     }
-    QPushButton::keyPressEvent(event);
 }
 
 void Button::paintEvent(QPaintEvent* event) {

@@ -51,9 +51,9 @@ protected:
     });
     return option;
 }
-/// A button that Enter presses only where a dialog makes it the default one. Without this some
-/// desktops would press whichever button has the focus. Since the two differ and styles mark them
-/// alike, it marks the focus itself.
+/// A button that Enter presses while it has the focus, in the main window too. From other controls
+/// of a dialog Enter presses the default button. Since styles mark the two alike, this one marks
+/// the focus itself.
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
@@ -67,7 +67,7 @@ protected:
 };
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
     auto* button = makeNamed<Button>(name, caption);
-    button->setAutoDefault(false);
+    button->setAutoDefault(false);  // in a dialog without a default button Enter presses none
     return button;
 }
 /// How assistive programs call `control`.

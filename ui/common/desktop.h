@@ -40,6 +40,9 @@ public:
     [[nodiscard]] virtual QString chooseFileToLoad(QWidget* owner) = 0;
     [[nodiscard]] virtual QString chooseFileToSave(QWidget* owner) = 0;
 
+    /// The file dialogs begin beside `path` from now on: it was read or written.
+    virtual void rememberFile(const QString& path) = 0;
+
     /// Opens a web page or a mail in the player's own program for it.
     virtual void openLink(const QUrl& link) = 0;
 

@@ -56,6 +56,10 @@ void makeRoomForTitle(QMessageBox& message) {
 
 }  // namespace
 
+void keepNoFileHistory() {
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+}
+
 Answer QtDesktop::show(QWidget* owner, const Box& box) {
     QMessageBox message(owner);
     message.setObjectName(QStringLiteral("msgBox"));
@@ -81,7 +85,7 @@ Answer QtDesktop::show(QWidget* owner, const Box& box) {
 
 QString QtDesktop::chooseFileToLoad(QWidget* owner) {
     QFileDialog dialog(owner, QStringLiteral("Load Game"));
-    dialog.setFileMode(QFileDialog::ExistingFile);
+    dialog.setFileMode(QFileDialog::AnyFile);  // a name that the filter hides can be typed
     return chooseFile(dialog);
 }
 
@@ -91,7 +95,7 @@ QString QtDesktop::chooseFileToSave(QWidget* owner) {
     return chooseFile(dialog);
 }
 
-QString QtDesktop::chooseFile(QFileDialog& dialog) {
+QString QtDesktop::chooseFile(QFileDialog& dialog) const {
     dialog.setObjectName(QStringLiteral("dlgFile"));
     keepFocusVisible(&dialog);
     // The last brackets are the pattern, which is hidden: "All Files" needs no dot in their names.
@@ -100,13 +104,11 @@ QString QtDesktop::chooseFile(QFileDialog& dialog) {
         {QStringLiteral("Saved Game Files (*.zhb)(*.zhb)"), QStringLiteral("All Files (*.*)(*)")});
     dialog.setDirectory(QFileInfo(m_lastFile).path());
     dialog.selectFile(QFileInfo(m_lastFile).fileName());
-    // A file dialog keeps its history in the player's configuration, unless there is none.
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
-    if (dialog.exec() != QDialog::Accepted) {
-        return {};
-    }
-    m_lastFile = dialog.selectedFiles().constFirst();
-    return m_lastFile;
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().constFirst() : QString{};
+}
+
+void QtDesktop::rememberFile(const QString& path) {
+    m_lastFile = path;
 }
 
 void QtDesktop::openLink(const QUrl& link) {

@@ -8,19 +8,24 @@ class QFileDialog;
 
 namespace ui {
 
+/// Keeps the toolkit's file dialogs from writing a history into the player's configuration. For the
+/// whole program, before its first window.
+void keepNoFileHistory();
+
 /// The player's real desktop, through Qt.
 class QtDesktop : public Desktop {
 public:
     Answer show(QWidget* owner, const Box& box) override;
     [[nodiscard]] QString chooseFileToLoad(QWidget* owner) override;
     [[nodiscard]] QString chooseFileToSave(QWidget* owner) override;
+    void rememberFile(const QString& path) override;
     void openLink(const QUrl& link) override;
     void wait(game::Milliseconds duration) override;
     [[noreturn]] void endProgram() override;
 
 private:
-    /// Shows the dialog where the last file was chosen.
-    [[nodiscard]] QString chooseFile(QFileDialog& dialog);
+    /// Shows the dialog beside the last file that was read or written.
+    [[nodiscard]] QString chooseFile(QFileDialog& dialog) const;
 
     QString m_lastFile = QDir::homePath() + QLatin1Char('/');
 };

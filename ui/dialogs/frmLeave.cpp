@@ -79,8 +79,9 @@ frmLeave::frmLeave(MainForm& mainForm)
         }
     }
 
-    connect(cmdDepart, &QPushButton::clicked, this, &frmLeave::cmdDepart_Click);
-    connect(cmdCancel, &QPushButton::clicked, this, &frmLeave::reject);
+    auto* commands = new Commands(this);  // a press of either is the last one
+    commands->giveOn(cmdDepart, &QPushButton::clicked, [this] { cmdDepart_Click(); });
+    commands->giveOn(cmdCancel, &QPushButton::clicked, [this] { reject(); });
 }
 
 std::string_view frmLeave::destination() const {

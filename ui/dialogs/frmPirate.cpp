@@ -38,6 +38,7 @@ frmPirate::frmPirate(MainForm& mainForm)
       txtCannons(makeDisplay(QStringLiteral("txtCannons"))),
       txtReport(makeDisplay(QStringLiteral("txtReport"))),
       picShips(new FleetView(QStringLiteral("picShips"))),
+      m_commands(new Commands(this)),
       m_battle(mainForm.state(), mainForm.random(), *this) {
     auto* grid = new QGridLayout(this);
     grid->setColumnStretch(0, 1);
@@ -91,7 +92,7 @@ QWidget* frmPirate::makeOrders() {
         auto* command = makeButton(QString::fromLatin1(row.name), QString::fromLatin1(row.caption));
         grid->addWidget(command, static_cast<int>(order) / 2, static_cast<int>(order) % 2);
         m_orders.at(order) = command;
-        connect(command, &QPushButton::clicked, this, [this, command, &row] {
+        m_commands->giveOn(command, &QPushButton::clicked, [this, command, &row] {
             (m_battle.*row.carryOut)();
             focusOrder(command);
         });
@@ -124,9 +125,15 @@ void frmPirate::focusOrder(QPushButton* preferred) {
 
 void frmPirate::closeEvent(QCloseEvent* event) {
     event->ignore();
-    if (mainForm().desktop().confirm(this, QStringLiteral("Do you want to quit this game?     "),
-                                     programName, Icon::Question, Answer::No)) {
-        endProgram();
+    const auto ask = [this] {
+        if (mainForm().desktop().confirm(this,
+                                         QStringLiteral("Do you want to quit this game?     "),
+                                         programName, Icon::Question, Answer::No)) {
+            endProgram();
+        }
+    };
+    if (!m_commands->giveNow(ask)) {
+        ask();  // during a volley or a run, which goes on behind the question
     }
 }
 

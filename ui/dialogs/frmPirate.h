@@ -3,6 +3,7 @@
 #include <array>
 
 #include "battle.h"
+#include "commands.h"
 #include "form.h"
 
 class QLineEdit;
@@ -51,6 +52,7 @@ private:
     QLineEdit* txtReport;
     FleetView* picShips;
     std::array<QPushButton*, 4> m_orders{};
+    Commands* m_commands;
     game::Battle m_battle;
 };
 

@@ -22,6 +22,7 @@
 #include "frmStats.h"
 #include "frmTransfer.h"
 #include "frmVisit.h"
+#include "held_keys.h"
 #include "layout.h"
 #include "log_view.h"
 #include "menus.h"
@@ -64,17 +65,23 @@ QString statusTitle(game::Currency percent) {
 }  // namespace
 
 frmMain::frmMain(Desktop& desktop, game::Random& random)
-    : m_desktop(desktop), m_random(random), m_menus(new Menus(menuBar())) {
+    : m_desktop(desktop),
+      m_random(random),
+      m_commands(new Commands(this)),
+      m_menus(new Menus(menuBar())) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(programName);
     keepFocusVisible(this);
+    ignoreHeldKeys(this);
     setCentralWidget(makeClient());
     const QSize wanted = initialSize.expandedTo(sizeHint());
     const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
     resize(wanted.width(),
            std::min(wanted.height(), screen()->availableSize().height() - titleBar));
     connectMenus();
-    connect(fraOrders, &OrdersPanel::given, this, &frmMain::giveOrder);
+    connect(fraOrders, &OrdersPanel::given, this, [this](game::Order order) {
+        m_commands->giveLater([this, order] { carryOut(order); });
+    });
 }
 
 QWidget* frmMain::makeClient() {
@@ -112,15 +119,18 @@ QWidget* frmMain::makeClient() {
 }
 
 void frmMain::connectMenus() {
-    connect(m_menus, &Menus::newGame, this, &frmMain::mnuNewItem_Click);
-    connect(m_menus, &Menus::loadGame, this, &frmMain::mnuLoadItem_Click);
-    connect(m_menus, &Menus::saveGame, this, [this] { saveGame(*this); });
-    connect(m_menus, &Menus::exit, this, &frmMain::close);
-    connect(m_menus, &Menus::statistics, this,
-            [this] { open<frmStats>(*this, frmStats::Occasion::Menu); });
-    connect(m_menus, &Menus::help, this, [this] { open<frmHelp>(*this); });
-    connect(m_menus, &Menus::checkForUpdates, this, [this] { openHomePage(m_desktop); });
-    connect(m_menus, &Menus::about, this, [this] { open<frmAbout>(*this); });
+    const auto connectItem = [this](auto signal, const Commands::Command& command) {
+        m_commands->giveOn(m_menus, signal, command);
+    };
+    connectItem(&Menus::newGame, [this] { mnuNewItem_Click(); });
+    connectItem(&Menus::loadGame, [this] { mnuLoadItem_Click(); });
+    connectItem(&Menus::saveGame, [this] { saveGame(*this); });
+    connectItem(&Menus::statistics, [this] { open<frmStats>(*this, frmStats::Occasion::Menu); });
+    connectItem(&Menus::help, [this] { open<frmHelp>(*this); });
+    connectItem(&Menus::checkForUpdates, [this] { openHomePage(m_desktop); });
+    connectItem(&Menus::about, [this] { open<frmAbout>(*this); });
+    // Closing is a command of its own, since it may come from the window's frame.
+    connect(m_menus, &Menus::exit, this, &frmMain::close, Qt::QueuedConnection);
 }
 
 bool frmMain::moneyLenderBug() const {
@@ -129,15 +139,16 @@ bool frmMain::moneyLenderBug() const {
 
 void frmMain::UpdateMainForm() {
     txtLog->refresh();
-    if (!m_underWay) {
-        enableOrdersOfPort();
-    }
+    enableOrdersOfPort();
     game::updateStanding(m_state);
     showState();
     announceFortune();
 }
 
 void frmMain::enableOrdersOfPort() {
+    if (m_underWay) {
+        return;
+    }
     for (const game::Order order : game::orders) {
         if (const std::optional<bool> allowed = game::allowedInPort(m_state, order)) {
             setOrderEnabled(order, *allowed);
@@ -184,6 +195,8 @@ void frmMain::beginGame(std::string_view message) {
     }
     setOrderEnabled(game::Order::Cannon, false);
     setOrderEnabled(game::Order::Ship, false);
+    enableOrdersOfPort();
+    fraOrders->focusOrder(game::orders.front());
 }
 
 void frmMain::appendEntry(std::string_view message, std::string_view continuation) {
@@ -213,6 +226,10 @@ void frmMain::setOrderEnabled(game::Order order, bool enabled) {
 void frmMain::setUnderWay(bool underWay) {
     m_underWay = underWay;
     m_menus->setOpen(!underWay);
+    if (!underWay) {
+        enableOrdersOfPort();
+        fraOrders->focusOrder(game::Order::Leave);  // the passage took the focus from all orders
+    }
 }
 
 void frmMain::setAtSea(bool atSea) {
@@ -227,10 +244,7 @@ void frmMain::previewStatus(game::Currency percent) {
     fraStatus->show(statusTitle(percent), percent, 100);
 }
 
-void frmMain::giveOrder(game::Order order) {
-    if (m_underWay) {
-        return;  // an offer of the arrival, which has to wait until it is over
-    }
+void frmMain::carryOut(game::Order order) {
     switch (order) {
         case game::Order::Buy:
             return open<frmBuy>(*this);
@@ -258,7 +272,6 @@ void frmMain::cmdLeave_Click() {
     if (!m_state.gblnActiveGame) {
         open<frmNew>(*this);
     }
-    fraOrders->focusOrder(game::Order::Leave);  // the passage took the focus from all orders
 }
 
 void frmMain::cmdCannon_Click() {
@@ -295,12 +308,13 @@ void frmMain::mnuLoadItem_Click() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (m_underWay || (hasUnsavedChanges() && !goOnAfterSaveQuestion())) {
-        event->ignore();
-        return;
-    }
-    UnloadAllForms();
-    event->accept();
+    event->ignore();
+    m_commands->giveNow([&] {
+        if (!hasUnsavedChanges() || goOnAfterSaveQuestion()) {
+            UnloadAllForms();
+            event->accept();
+        }
+    });
 }
 
 void frmMain::UnloadAllForms() {

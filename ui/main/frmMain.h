@@ -2,6 +2,7 @@
 
 #include <QMainWindow>
 
+#include "commands.h"
 #include "main_form.h"
 
 namespace ui {
@@ -50,7 +51,7 @@ private:
     void showState();
     void announceFortune();
 
-    void giveOrder(game::Order order);
+    void carryOut(game::Order order);
     void cmdLeave_Click();
     void cmdCannon_Click();
     void cmdShip_Click();
@@ -69,6 +70,7 @@ private:
     game::Random& m_random;
     game::GameState m_state;
     bool m_underWay = false;
+    Commands* m_commands;
 
     Menus* m_menus;
     HousePanel* fraHouse = nullptr;

@@ -1,27 +1,15 @@
 #include "menus.h"
 
 #include <QAction>
+#include <QActionGroup>
+#include <QApplication>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QShortcut>
 
 namespace ui {
 
 namespace {
-
-QMenu* addMenu(QMenuBar* bar, const QString& name, const QString& caption) {
-    QMenu* menu = bar->addMenu(caption);
-    menu->setObjectName(name);
-    menu->setAccessibleName(QString{caption}.remove(u'&'));
-    return menu;
-}
-
-QAction* addItem(QMenu* menu, const QString& name, const QString& caption,
-                 const QKeySequence& shortcut = {}) {
-    QAction* item = menu->addAction(caption);
-    item->setObjectName(name);
-    item->setShortcut(shortcut);
-    return item;
-}
 
 void addSeparator(QMenu* menu, const QString& name) {
     menu->addSeparator()->setObjectName(name);
@@ -31,9 +19,12 @@ void addSeparator(QMenu* menu, const QString& name) {
 
 Menus::Menus(QMenuBar* bar)
     : QObject(bar),
-      m_file(addMenu(bar, QStringLiteral("mnuFile"), QStringLiteral("&File"))),
-      m_options(addMenu(bar, QStringLiteral("mnuOptions"), QStringLiteral("&Options"))),
-      m_help(addMenu(bar, QStringLiteral("mnuHelp"), QStringLiteral("&Help"))) {
+      m_bar(bar),
+      m_all(new QActionGroup(this)),
+      m_file(addMenu(QStringLiteral("mnuFile"), QStringLiteral("&File"))),
+      m_options(addMenu(QStringLiteral("mnuOptions"), QStringLiteral("&Options"))),
+      m_help(addMenu(QStringLiteral("mnuHelp"), QStringLiteral("&Help"))) {
+    m_all->setExclusionPolicy(QActionGroup::ExclusionPolicy::None);
     connect(addItem(m_file, QStringLiteral("mnuNewItem"), QStringLiteral("&New Game"),
                     Qt::CTRL | Qt::Key_N),
             &QAction::triggered, this, &Menus::newGame);
@@ -75,14 +66,38 @@ Menus::Menus(QMenuBar* bar)
     mnuStatsItem->setEnabled(false);
 }
 
+QMenu* Menus::addMenu(const QString& name, const QString& caption) {
+    QMenu* menu = m_bar->addMenu(caption);
+    menu->setObjectName(name);
+    menu->setAccessibleName(QString{caption}.remove(u'&'));
+    m_all->addAction(menu->menuAction());
+    connect(menu, &QMenu::aboutToHide, this, &Menus::leaveBar, Qt::QueuedConnection);
+    return menu;
+}
+
+QAction* Menus::addItem(QMenu* menu, const QString& name, const QString& caption,
+                        const QKeySequence& shortcut) {
+    QAction* item = m_all->addAction(menu->addAction(caption));
+    item->setObjectName(name);
+    item->setShortcut(shortcut);
+    return item;
+}
+
 void Menus::enableGameItems() {
     mnuSaveItem->setEnabled(true);
     mnuStatsItem->setEnabled(true);
 }
 
 void Menus::setOpen(bool open) {
-    for (QMenu* menu : {m_file, m_options, m_help}) {
-        menu->menuAction()->setEnabled(open);
+    m_all->setEnabled(open);
+}
+
+void Menus::leaveBar() {
+    if (QApplication::activePopupWidget() == nullptr && m_bar->window()->focusWidget() == m_bar) {
+        // A menu that is left by Escape leaves the focus to the bar, which gives it back at
+        // another.
+        QKeyEvent another(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+        QCoreApplication::sendEvent(m_bar, &another);
     }
 }
 

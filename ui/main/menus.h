@@ -3,6 +3,7 @@
 #include <QObject>
 
 class QAction;
+class QActionGroup;
 class QMenu;
 class QMenuBar;
 
@@ -17,7 +18,7 @@ public:
 
     /// From the first game on: saving and the statistics.
     void enableGameItems();
-    /// Takes all menus and their shortcuts away, or gives them back as they were.
+    /// Disables all menus with their items and shortcuts, or enables those that were.
     void setOpen(bool open);
     [[nodiscard]] bool moneyLenderBug() const;
 
@@ -32,6 +33,14 @@ signals:
     void about();
 
 private:
+    [[nodiscard]] QMenu* addMenu(const QString& name, const QString& caption);
+    QAction* addItem(QMenu* menu, const QString& name, const QString& caption,
+                     const QKeySequence& shortcut = {});
+    /// Gives the focus back to where it was before the menus.
+    void leaveBar();
+
+    QMenuBar* m_bar;
+    QActionGroup* m_all;
     QMenu* m_file;
     QMenu* m_options;
     QMenu* m_help;

@@ -26,6 +26,7 @@ void saveGame(MainForm& mainForm) {
         showError(mainForm, QStringLiteral("Error Saving File   "), error);
         return;
     }
+    mainForm.desktop().rememberFile(path);
     mainForm.state().gblnGameSaved = true;
     mainForm.appendEntry(" - Game Saved Successfully");
 }
@@ -41,6 +42,7 @@ void loadGame(MainForm& mainForm) {
         showError(mainForm, QStringLiteral("Error Opening File   "), error);
         return;
     }
+    mainForm.desktop().rememberFile(path);
     mainForm.beginGame(" - Game Loaded Successfully");
     mainForm.UpdateMainForm();
 }
