@@ -77,8 +77,17 @@ QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& capti
     return label;
 }
 
-void keepFocusVisible(QWidget* window) {
-    window->installEventFilter(new FocusKeeper(window));
+int roomFor(QString longest, const QFontMetrics& metrics) {
+    QChar widest = u'0';
+    for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
+        if (metrics.horizontalAdvance(digit) > metrics.horizontalAdvance(widest)) {
+            widest = digit;
+        }
+    }
+    for (QChar& character : longest) {
+        character = character.isDigit() ? widest : character;
+    }
+    return metrics.horizontalAdvance(longest) + measures::fieldEdges;
 }
 
 bool animated(const QWidget& window) {

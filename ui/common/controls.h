@@ -98,8 +98,10 @@ void keepFocusVisible(QWidget* window);
 /// Right-aligned as in a ledger, and never narrower than the longest figure it may show.
 inline void makeRoomFor(QLineEdit* display, const QString& longest) {
     display->setAlignment(Qt::AlignRight);
-    display->setMinimumWidth(display->fontMetrics().horizontalAdvance(longest) +
-                             measures::fieldEdges);
+    display->setMinimumWidth(room);
+}
+inline void makeRoomFor(QLineEdit* display, const QString& longest) {
+    makeRoom(display, roomFor(longest, display->fontMetrics()));
 }
 
 /// Sets a text only where it differs: setting is what costs.
