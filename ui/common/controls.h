@@ -26,24 +26,8 @@ template <class Control, class... Arguments>
     label->setTextFormat(Qt::PlainText);
     return label;
 }
-/// A frame in the colour of its text, `inset` pixels within `control`, while that has the focus.
-void paintFocus(QWidget* control, int inset = 0);
-
-/// A control that marks the focus, of which styles show little where the desktop is dark.
-template <class Control>
-class FocusMarked : public Control {
-public:
-    using Control::Control;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        Control::paintEvent(event);
-        paintFocus(this);
-    }
-};
-
 [[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
-    auto* option = makeNamed<FocusMarked<QRadioButton>>(name, caption);
+    auto* option = makeNamed<QRadioButton>(name, caption);
     // Of several options the Tab key goes to the one that is chosen.
     option->setFocusPolicy(Qt::ClickFocus);
     QObject::connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
@@ -52,8 +36,7 @@ protected:
     return option;
 }
 /// A button that Enter presses only where a dialog makes it the default one. Without this some
-/// desktops would press whichever button has the focus. Since the two differ and styles mark them
-/// alike, it marks the focus itself.
+/// desktops would press whichever button has the focus.
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
@@ -63,7 +46,6 @@ public:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 };
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
     auto* button = makeNamed<Button>(name, caption);
@@ -88,15 +70,14 @@ void nameControl(QWidget* control, const QString& spoken);
     return display;
 }
 
-/// Shows the focus in `window` from the beginning and behind the mouse, too. Styles would wait for
-/// the first Tab, and who plays by keyboard could not tell where a dialog begins.
-void keepFocusVisible(QWidget* window);
-
 /// Whether the player's desktop shows animations. Who switched them off is spared what flashes.
 [[nodiscard]] bool animated(const QWidget& window);
 
-/// Right-aligned as in a ledger, and never narrower than the longest figure it may show.
-inline void makeRoomFor(QLineEdit* display, const QString& longest) {
+/// The width that a display of a figure as long as `longest` needs, whatever its digits are: those
+/// of some fonts differ in width.
+[[nodiscard]] int roomFor(QString longest, const QFontMetrics& metrics);
+/// Right-aligned as in a ledger, and never narrower than `room`.
+inline void makeRoom(QLineEdit* display, int room) {
     display->setAlignment(Qt::AlignRight);
     display->setMinimumWidth(room);
 }

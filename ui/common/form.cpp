@@ -17,7 +17,6 @@ Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Esca
     : QDialog(mainForm.window()), m_mainForm(mainForm), m_escape(escape) {
     setObjectName(name);
     setWindowTitle(caption);
-    keepFocusVisible(this);
     // Of a fixed size, so with nothing to minimise or maximise in its frame.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);

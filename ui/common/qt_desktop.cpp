@@ -9,7 +9,6 @@
 #include <QUrl>
 #include <cstdlib>
 
-#include "controls.h"
 #include "delay.h"
 
 namespace ui {
@@ -69,7 +68,6 @@ Answer QtDesktop::show(QWidget* owner, const Box& box) {
     message.setDefaultButton(toQt(box.byDefault));
     message.setEscapeButton(toQt(box.onEscape));
     makeRoomForTitle(message);
-    keepFocusVisible(&message);
     const int pressed = message.exec();
     for (const Answer answer : box.buttons) {
         if (pressed == toQt(answer)) {
@@ -93,7 +91,6 @@ QString QtDesktop::chooseFileToSave(QWidget* owner) {
 
 QString QtDesktop::chooseFile(QFileDialog& dialog) {
     dialog.setObjectName(QStringLiteral("dlgFile"));
-    keepFocusVisible(&dialog);
     // The last brackets are the pattern, which is hidden: "All Files" needs no dot in their names.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(

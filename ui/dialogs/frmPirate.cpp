@@ -61,7 +61,7 @@ QWidget* frmPirate::makeReport() {
         auto* label =
             makeLabelFor(display, QString::fromLatin1(name), QString::fromLatin1(caption));
         display->setFrame(false);
-        QPalette plate = display->palette();
+        QPalette plate;
         plate.setColor(QPalette::Base, Qt::transparent);
         display->setPalette(plate);
         makeRoomFor(display, QStringLiteral("9999%"));

@@ -16,7 +16,7 @@ frmRepair::frmRepair(MainForm& mainForm)
     : GameForm(mainForm, QStringLiteral("frmRepair"), QStringLiteral("Repair Ship")),
       txtPrice(makeDisplay(QStringLiteral("txtPrice"))),
       txtStatus(makeDisplay(QStringLiteral("txtStatus"))),
-      sldRepair(makeNamed<FocusMarked<QSlider>>(QStringLiteral("sldRepair"), Qt::Horizontal)),
+      sldRepair(makeNamed<QSlider>(QStringLiteral("sldRepair"), Qt::Horizontal)),
       cmdRepair(makeButton(QStringLiteral("cmdRepair"), QStringLiteral("Repair"))) {
     auto* cmdRepairMax = makeButton(QStringLiteral("cmdRepairMax"), QStringLiteral("Repair Max"));
     auto* cmdCancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));

@@ -16,7 +16,7 @@ namespace ui {
 namespace {
 
 /// A list of goods, open or not, gets to see no letters: they would choose another good unasked.
-class GoodsList final : public FocusMarked<QComboBox> {
+class GoodsList final : public QComboBox {
 public:
     GoodsList() {
         installEventFilter(this);
@@ -27,7 +27,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         const bool pressed = event->type() == QEvent::KeyPress;
         return (pressed && typesOtherThanDigits(*static_cast<QKeyEvent*>(event))) ||
-               FocusMarked<QComboBox>::eventFilter(watched, event);
+               QComboBox::eventFilter(watched, event);
     }
 };
 

@@ -67,7 +67,6 @@ frmMain::frmMain(Desktop& desktop, game::Random& random)
     : m_desktop(desktop), m_random(random), m_menus(new Menus(menuBar())) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(programName);
-    keepFocusVisible(this);
     setCentralWidget(makeClient());
     const QSize wanted = initialSize.expandedTo(sizeHint());
     const int titleBar = style()->pixelMetric(QStyle::PM_TitleBarHeight);
