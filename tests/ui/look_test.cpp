@@ -2,8 +2,6 @@
 // letters, in light and in dark, that the focus is seen and that everything has a name. Where
 // ZHENBAO_SCREENSHOTS names a folder, pictures of all windows are left there.
 
-#include <numeric>
-
 #include "approved.h"
 #include "contrast.h"
 #include "stage.h"
@@ -93,6 +91,12 @@ QString described(QWidget& control) {
              spoken == text ? "" : ", spoken \"" + spoken + '"');
 }
 
+/// As the desktop switches between light and dark.
+void switchTo(const QPalette& colours) {
+    QApplication::setPalette(colours);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::ApplicationPaletteChange);
+}
+
 /// The way of the Tab key, which comes to every control that should have it; each shows the focus.
 QString wayOfTab(QWidget& window) {
     QString told;
@@ -103,10 +107,14 @@ QString wayOfTab(QWidget& window) {
         const QImage with = window.grab(place).toImage();
         QTest::keyClick(stop, Qt::Key_Tab);
         const QImage without = window.grab(place).toImage();
-        const int bytes =
-            std::transform_reduce(with.constBits(), with.constBits() + with.sizeInBytes(),
-                                  without.constBits(), 0, std::plus(), std::not_equal_to());
-        EXPECT_TRUE(bytes >= 2 * std::max(stop->width(), 20) || stop == window.focusWidget())
+        int marked = 0;  // pixels of the mark, which stand out from what they cover
+        for (int pixel = 0; pixel < with.width() * with.height(); ++pixel) {
+            const QPoint at(pixel % with.width(), pixel / with.width());
+            marked += ui::contrast(with.pixelColor(at), without.pixelColor(at)) >=
+                      ui::leastContrastOfMark;
+        }
+        EXPECT_TRUE(marked >= std::max(stop->width(), 20) || stop == window.focusWidget() ||
+                    stop == &window)
             << stop->objectName().toStdString() << " does not show the focus";
         told += (stops.isEmpty() ? "    Tab: " : ", ") +
                 (stop->objectName().isEmpty() ? test::textOf(*stop) : stop->objectName());
@@ -154,6 +162,7 @@ TEST(Look, IsGoodInEveryWindowAtAnySizeInLightAndInDark) {
     dark.setColor(QPalette::Link, QColor(0x00, 0x00, 0xff));  // as dark desktops forget it
     const QPalette light = QApplication::palette();
     const QString pictures = qEnvironmentVariable("ZHENBAO_SCREENSHOTS");
+    QMap<QString, QImage> switched;  // pictures of each state, switched to dark while it is shown
     const QFont usualFont = QApplication::font();
     for (const char* name : {"light", "dark", "8 pt", "9 pt", "11 pt", "14 pt", "20 pt"}) {
         SCOPED_TRACE(name);
@@ -166,6 +175,15 @@ TEST(Look, IsGoodInEveryWindowAtAnySizeInLightAndInDark) {
         const auto visit = [&](QWidget& window, const QString& state) {
             SCOPED_TRACE(state.toStdString());
             QApplication::setActiveWindow(&window);
+            const QPalette colours = QApplication::palette();
+            const QImage picture = window.grab().toImage();
+            switchTo(QString(name) == "dark" ? light : dark);
+            if (QString(name) == "light") {
+                switched[state] = window.grab().toImage();
+            }
+            switchTo(colours);
+            EXPECT_TRUE(window.grab().toImage() == picture) << "switched there and back";
+            EXPECT_TRUE(QString(name) != "dark" || picture == switched[state]) << "half switched";
             if (const QDir folder(pictures + '/' + name); !pictures.isEmpty()) {
                 EXPECT_TRUE(folder.mkpath(".") &&
                             window.grab().save(folder.filePath(state + ".png")));

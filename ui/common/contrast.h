@@ -12,6 +12,8 @@ namespace ui {
 inline constexpr double leastContrast = 4.5;
 /// The least contrast of the mark of the focus with what is on either side of it.
 inline constexpr double leastContrastOfMark = 3;
+/// What the mark has with the plain colours of a palette, which styles shade a little.
+inline constexpr double contrastOfMark = 4;
 
 /// `colour`, made darker or lighter as little as it takes to stand out from all `others`; where
 /// that cannot be, the colour that comes closest to it.

@@ -25,7 +25,7 @@ QColor markColour(const QStyleOption& option) {
     }
     return readable(colours.color(QPalette::Highlight),
                     {ground, colours.color(QPalette::Button), colours.color(QPalette::Base)},
-                    leastContrastOfMark);
+                    contrastOfMark);
 }
 
 void drawMark(QPainter& painter, const QStyleOption& option, qreal radius) {
