@@ -1,27 +1,43 @@
 #include "application.h"
 
 #include <QEvent>
-#include <QIcon>
+#include <QIconEngine>
+#include <QPainter>
 
-#include "readable_style.h"
+#include "game_style.h"
 
 namespace ui {
 
 namespace {
 
-QIcon programIcon() {
-    QIcon icon;
-    for (const int size : {16, 32, 64, 128}) {
-        icon.addFile(QStringLiteral(":/zhenbao-%1.png").arg(size), {size, size});
+/// Reads its pictures when the window system asks for them, which not all do.
+class ProgramIcon final : public QIconEngine {
+public:
+    [[nodiscard]] QIconEngine* clone() const override { return new ProgramIcon; }
+    QList<QSize> availableSizes(QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
+        return {{16, 16}, {32, 32}, {64, 64}, {128, 128}};
     }
-    return icon;
-}
+    QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+        int side = 0;  // the first that is large enough, or the largest
+        for (const QSize& available : availableSizes(mode, state)) {
+            side = side < size.width() ? available.width() : side;
+        }
+        const QPixmap picture(QStringLiteral(":/zhenbao-%1.png").arg(side));
+        return side == size.width()
+                   ? picture
+                   : picture.scaled(size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+    void paint(QPainter* painter, const QRect& place, QIcon::Mode mode,
+               QIcon::State state) override {
+        painter->drawPixmap(place, pixmap(place.size(), mode, state));
+    }
+};
 
 }  // namespace
 
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
-    setStyle(new ReadableStyle);
-    setWindowIcon(programIcon());
+    setStyle(new GameStyle);
+    setWindowIcon(QIcon(new ProgramIcon));
     setDesktopFileName(QStringLiteral(ZHENBAO_ID));  // whose menu entry it is
     setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
 }

@@ -3,17 +3,10 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QStyle>
-#include <algorithm>
 
 #include "spoken_list.h"
 
 namespace ui {
-
-QSize Button::sizeHint() const {
-    const int caption = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-    return {std::max(caption + measures::buttonEdges, measures::narrowestButton),
-            QPushButton::sizeHint().height()};
-}
 
 void Button::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -38,19 +31,6 @@ QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& capti
     label->setBuddy(control);
     nameControl(control, spoken.isEmpty() ? QString{caption}.remove(u':') : spoken);
     return label;
-}
-
-int roomFor(QString longest, const QFontMetrics& metrics) {
-    QChar widest = u'0';
-    for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
-        if (metrics.horizontalAdvance(digit) > metrics.horizontalAdvance(widest)) {
-            widest = digit;
-        }
-    }
-    for (QChar& character : longest) {
-        character = character.isDigit() ? widest : character;
-    }
-    return metrics.horizontalAdvance(longest) + measures::fieldEdges;
 }
 
 bool animated(const QWidget& window) {

@@ -22,8 +22,9 @@ template <class Control, class... Arguments>
     return makeNamed<QGroupBox>(name, title);
 }
 [[nodiscard]] inline QLabel* makeLabel(const QString& name, const QString& caption) {
-    auto* label = makeNamed<QLabel>(name, caption);
-    label->setTextFormat(Qt::PlainText);
+    auto* label = makeNamed<QLabel>(name);
+    label->setTextFormat(Qt::PlainText);  // first: it sets a text again
+    label->setText(caption);
     return label;
 }
 [[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
@@ -40,9 +41,6 @@ template <class Control, class... Arguments>
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
-
-    /// As wide as the caption asks: some styles have a floor that is too wide for small dialogs.
-    [[nodiscard]] QSize sizeHint() const override;
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -63,8 +61,8 @@ void nameControl(QWidget* control, const QString& spoken);
 /// A figure shown to the player: can be selected and copied, not changed. The Tab key passes it by,
 /// for a window has up to seventeen of them between one order and the next; screen readers come to
 /// it as to any object.
-[[nodiscard]] inline QLineEdit* makeDisplay(const QString& name) {
-    auto* display = makeNamed<QLineEdit>(name);
+[[nodiscard]] inline QLineEdit* makeDisplay(const QString& name, QWidget* parent = nullptr) {
+    auto* display = makeNamed<QLineEdit>(name, parent);
     display->setReadOnly(true);
     display->setFocusPolicy(Qt::ClickFocus);
     return display;
@@ -73,16 +71,17 @@ void nameControl(QWidget* control, const QString& spoken);
 /// Whether the player's desktop shows animations. Who switched them off is spared what flashes.
 [[nodiscard]] bool animated(const QWidget& window);
 
-/// The width that a display of a figure as long as `longest` needs, whatever its digits are: those
-/// of some fonts differ in width.
-[[nodiscard]] int roomFor(QString longest, const QFontMetrics& metrics);
+/// The width of a display of `widest` in letters of `metrics`.
+[[nodiscard]] inline int roomFor(const QString& widest, const QFontMetrics& metrics) {
+    return metrics.horizontalAdvance(widest) + measures::fieldEdges;
+}
 /// Right-aligned as in a ledger, and never narrower than `room`.
 inline void makeRoom(QLineEdit* display, int room) {
     display->setAlignment(Qt::AlignRight);
     display->setMinimumWidth(room);
 }
-inline void makeRoomFor(QLineEdit* display, const QString& longest) {
-    makeRoom(display, roomFor(longest, display->fontMetrics()));
+inline void makeRoomFor(QLineEdit* display, const QString& widest) {
+    makeRoom(display, roomFor(widest, display->fontMetrics()));
 }
 
 /// Sets a text only where it differs: setting is what costs.

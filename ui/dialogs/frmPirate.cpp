@@ -64,7 +64,7 @@ QWidget* frmPirate::makeReport() {
         QPalette plate;
         plate.setColor(QPalette::Base, Qt::transparent);
         display->setPalette(plate);
-        makeRoomFor(display, QStringLiteral("9999%"));
+        makeRoomFor(display, QStringLiteral("0000%"));
         display->setMaximumWidth(display->minimumWidth());
         display->setFixedHeight(display->fontMetrics().height() + measures::lineGap);
         const int line = grid->rowCount();

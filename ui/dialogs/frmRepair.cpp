@@ -46,8 +46,8 @@ QGroupBox* frmRepair::makeSelection() {
     sldRepair->setSingleStep(1);
     sldRepair->setPageStep(5);
 
-    makeRoomFor(txtPrice, longestMoney);
-    makeRoomFor(txtStatus, longestMoney);  // as wide as the price above it
+    makeRoomFor(txtPrice, widestMoney);
+    makeRoomFor(txtStatus, widestMoney);  // as wide as the price above it
     auto* grid = new QGridLayout(select);
     grid->addWidget(lblPrice, 0, 0);
     grid->addWidget(txtPrice, 0, 1);

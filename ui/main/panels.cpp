@@ -27,7 +27,7 @@ QGridLayout* makeLines(QWidget* panel) {
     return grid;
 }
 
-/// What a display shows before a game begins, and the width of the longest that it has to show.
+/// What a display shows before a game begins, and the width of the widest that it has to show.
 struct Figure {
     QString first;
     int room;
@@ -36,12 +36,13 @@ struct Figure {
 /// A label and a display, side by side in `grid` from `column` on.
 QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& caption,
                   const QString& name, const Figure& figure, const QString& spoken = {}) {
-    auto* display = makeDisplay(QStringLiteral("txt") + name);
+    auto* display = makeDisplay(QStringLiteral("txt") + name, grid->parentWidget());
     auto* label = makeLabelFor(display, QStringLiteral("lbl") + name, caption, spoken);
     grid->addWidget(label, line, column);
+    label->stackUnder(display);  // where assistive programs come to it first
     grid->addWidget(display, line, column + 1);
     makeRoom(display, figure.room);
-    display->setText(figure.first);  // now that it has the font of the panel
+    display->setText(figure.first);
     return display;
 }
 
@@ -81,14 +82,17 @@ QSize Panel::minimumSizeHint() const {
 void Panel::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionGroupBox option;
     initStyleOption(&option);
-    option.text = fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    if (title().size() * fontMetrics().maxWidth() > width()) {  // it may be too long, then
+        option.text =
+            fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    }
     QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
 }
 
 HousePanel::HousePanel(QWidget* client)
     : Panel(client, QStringLiteral("fraHouse"), QStringLiteral("House of Zhenbao, Hong Kong")) {
-    const Figure units{QStringLiteral("0"), roomFor(QStringLiteral("99999"), fontMetrics())};
-    const Figure fortunes{money(0), roomFor(longestMoney, fontMetrics())};
+    const Figure units{QStringLiteral("0"), roomFor(QStringLiteral("00000"), fontMetrics())};
+    const Figure fortunes{money(0), roomFor(widestMoney, fontMetrics())};
     auto* grid = makeLines(this);
     grid->addWidget(makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0,
                     0, 1, 2, Qt::AlignCenter);
@@ -125,8 +129,8 @@ void HousePanel::show(const game::GameState& state) {
 PricesPanel::PricesPanel(QWidget* client)
     : Panel(client, QStringLiteral("fraPrices"), QStringLiteral("Prices at Hong Kong")) {
     const Figure date{fromRules(game::dateText(game::firstDay)),
-                      roomFor(QStringLiteral("Mmm 30, 1860"), fontMetrics())};
-    const Figure prices{money(0), roomFor(QStringLiteral("$1,000,000"), fontMetrics())};
+                      roomFor(QStringLiteral("Mmm 00, 0000"), fontMetrics())};
+    const Figure prices{money(0), roomFor(QStringLiteral("$0,000,000"), fontMetrics())};
     auto* grid = makeLines(this);
     txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"), date);
     m_prices = addGoods(grid, 1, 0, u'P', prices, QStringLiteral("%1 price"));

@@ -9,8 +9,9 @@ namespace ui {
 [[nodiscard]] QPalette withReadableSelection(QPalette palette);
 
 /// The desktop's style, in which the focus is seen wherever it is: on every kind of control the
-/// same frame in the accent of the palette, where styles mark some and leave others out.
-class ReadableStyle final : public QProxyStyle {
+/// same frame in the accent of the palette, where styles mark some and leave others out. Buttons of
+/// the game are as wide as their captions ask.
+class GameStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;
     void polish(QPalette& palette) override;
@@ -23,6 +24,9 @@ public:
                             QPainter* painter, const QWidget* widget) const override;
     [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
                                        const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
+                                         const QSize& contents,
+                                         const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* data) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,

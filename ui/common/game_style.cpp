@@ -1,11 +1,14 @@
-#include "readable_style.h"
+#include "game_style.h"
 
 #include <QAbstractScrollArea>
 #include <QPainter>
+#include <QRegion>
 #include <QStyleOption>
 #include <QTextFormat>
+#include <algorithm>
 
 #include "contrast.h"
+#include "controls.h"
 
 namespace ui {
 
@@ -13,6 +16,10 @@ namespace {
 
 constexpr int markWidth = 2;     ///< pixels
 constexpr int buttonBorder = 2;  ///< what styles draw around a button
+
+QRect within(const QRect& rect, int edge) {
+    return rect.adjusted(edge, edge, -edge, -edge);
+}
 
 /// The accent of the palette, where necessary in another shade: it stands out from everything that
 /// the mark of the focus lies between.
@@ -28,7 +35,8 @@ QColor markColour(const QStyleOption& option) {
                     contrastOfMark);
 }
 
-void drawMark(QPainter& painter, const QStyleOption& option, qreal radius) {
+void drawMark(QPainter& painter, const QStyleOption& option) {
+    constexpr qreal radius = 2;
     constexpr qreal middle = markWidth / 2.0;
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
@@ -52,60 +60,76 @@ QPalette withReadableSelection(QPalette palette) {
     return palette;
 }
 
-void ReadableStyle::polish(QPalette& palette) {
+void GameStyle::polish(QPalette& palette) {
     QProxyStyle::polish(palette);
     palette = withReadableSelection(palette);
 }
 
-void ReadableStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
-                                  QPainter* painter, const QWidget* widget) const {
+void GameStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                              QPainter* painter, const QWidget* widget) const {
     if (element == PE_FrameFocusRect) {
-        drawMark(*painter, *option, markWidth);
+        drawMark(*painter, *option);
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_PanelLineEdit && option->state.testFlag(State_HasFocus)) {
         const auto* field = qstyleoption_cast<const QStyleOptionFrame*>(option);
         if (field != nullptr && field->lineWidth > 0) {
-            drawMark(*painter, *option, markWidth);
+            drawMark(*painter, *option);
         }
     }
 }
 
-void ReadableStyle::drawControl(ControlElement element, const QStyleOption* option,
-                                QPainter* painter, const QWidget* widget) const {
-    QProxyStyle::drawControl(element, option, painter, widget);
-    if (!option->state.testFlag(State_HasFocus)) {
+void GameStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                            const QWidget* widget) const {
+    const bool focused = option->state.testFlag(State_HasFocus);
+    if (focused && element == CE_ShapedFrame &&
+        qobject_cast<const QAbstractScrollArea*>(widget) != nullptr) {
+        const QColor colour = markColour(*option);  // of all its frame
+        for (const QRect& side :
+             QRegion(option->rect).subtracted(within(option->rect, markWidth))) {
+            painter->fillRect(side, colour);
+        }
         return;
     }
-    if (element == CE_PushButton) {
-        QStyleOption within = *option;
-        within.rect = subElementRect(SE_PushButtonFocusRect, option, widget);
-        drawMark(*painter, within, markWidth);
-    } else if (element == CE_ShapedFrame && qobject_cast<const QAbstractScrollArea*>(widget)) {
-        drawMark(*painter, *option, 0);
+    QProxyStyle::drawControl(element, option, painter, widget);
+    if (focused && element == CE_PushButton) {
+        QStyleOption inner = *option;
+        inner.rect = subElementRect(SE_PushButtonFocusRect, option, widget);
+        drawMark(*painter, inner);
     }
 }
 
-QRect ReadableStyle::subElementRect(SubElement element, const QStyleOption* option,
-                                    const QWidget* widget) const {
+QRect GameStyle::subElementRect(SubElement element, const QStyleOption* option,
+                                const QWidget* widget) const {
     if (element == SE_PushButtonFocusRect) {  // within the border, which is no part of it
-        return option->rect.adjusted(buttonBorder, buttonBorder, -buttonBorder, -buttonBorder);
+        return within(option->rect, buttonBorder);
     }
     return QProxyStyle::subElementRect(element, option, widget);
 }
 
-void ReadableStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                                       QPainter* painter, const QWidget* widget) const {
+void GameStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                   QPainter* painter, const QWidget* widget) const {
     QProxyStyle::drawComplexControl(control, option, painter, widget);
     if ((control == CC_ComboBox || control == CC_Slider) &&
         option->state.testFlag(State_HasFocus)) {
-        drawMark(*painter, *option, markWidth);
+        drawMark(*painter, *option);
     }
 }
 
-int ReadableStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                             QStyleHintReturn* data) const {
+QSize GameStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                  const QSize& contents, const QWidget* widget) const {
+    QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+    if (type == CT_PushButton && dynamic_cast<const Button*>(widget) != nullptr) {
+        // Some styles have a floor that is too wide for small dialogs.
+        size.setWidth(
+            std::max(contents.width() + measures::buttonEdges, measures::narrowestButton));
+    }
+    return size;
+}
+
+int GameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                         QStyleHintReturn* data) const {
     if (auto* link = qstyleoption_cast<QStyleHintReturnVariant*>(data);
         hint == SH_TextControl_FocusIndicatorTextCharFormat && link != nullptr) {
         QTextCharFormat format;
@@ -116,8 +140,8 @@ int ReadableStyle::styleHint(StyleHint hint, const QStyleOption* option, const Q
     return QProxyStyle::styleHint(hint, option, widget, data);
 }
 
-int ReadableStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
-                               const QWidget* widget) const {
+int GameStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                           const QWidget* widget) const {
     if (metric == PM_DefaultFrameWidth &&
         qobject_cast<const QAbstractScrollArea*>(widget) != nullptr) {
         return markWidth;  // a text or a list shows the mark in its frame alone
