@@ -4,6 +4,7 @@
 
 #include "approved.h"
 #include "contrast.h"
+#include "place.h"
 #include "stage.h"
 #include "twips.h"
 
@@ -145,6 +146,20 @@ QString contentsOf(QWidget& window) {
         told += described(*control);
     }
     return told;
+}
+
+TEST(Dialogs, KeepAwayFromFiguresAsFarAsTheScreenAllows) {
+    const QRect screen(0, 0, 1000, 700);
+    const QRect cash(400, 60, 100, 20);
+    const QRect gauge(700, 200, 200, 100);
+    const auto placed = [&](const QRect& wanted) {
+        return ui::placeBeside({cash, gauge}, wanted, screen);
+    };
+    EXPECT_EQ(placed({300, 100, 200, 100}), QPoint(300, 100)) << "they cover nothing there";
+    EXPECT_EQ(placed({300, 50, 200, 100}), QPoint(300, 80)) << "below the cash";
+    EXPECT_EQ(placed({520, 210, 200, 100}), QPoint(500, 210)) << "beside the gauge";
+    EXPECT_EQ(placed({900, 650, 200, 100}), QPoint(800, 600)) << "on the screen";
+    EXPECT_EQ(placed({100, 0, 900, 600}), QPoint(100, 80)) << "the cash counts most";
 }
 
 TEST(Look, IsGoodInEveryWindowAtAnySizeInLightAndInDark) {

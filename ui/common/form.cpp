@@ -1,13 +1,16 @@
 #include "form.h"
 
 #include <QBoxLayout>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QScreen>
 
 #include "controls.h"
 #include "layout.h"
 #include "main_form.h"
+#include "place.h"
 #include "text.h"
 #include "twips.h"
 
@@ -23,7 +26,19 @@ Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Esca
 }
 
 void Form::placeAt(int left, int top) {
-    move(m_mainForm.window()->frameGeometry().topLeft() + pointFromTwips(left, top));
+    const QWidget& owner = *m_mainForm.window();
+    const QRect frame = owner.frameGeometry();
+    const QRect wanted(frame.topLeft() + pointFromTwips(left, top),
+                       size() + frame.size() - owner.size());
+    if (fontInfo().pixelSize() <= measures::standardLetters) {
+        move(wanted.topLeft());
+        return;
+    }
+    std::vector<QRect> figures;
+    for (const QWidget* figure : m_mainForm.figures()) {
+        figures.emplace_back(figure->mapToGlobal(QPoint()), figure->size());
+    }
+    move(placeBeside(figures, wanted, owner.screen()->availableGeometry()));
 }
 
 void Form::fixSize(int width, int height) {

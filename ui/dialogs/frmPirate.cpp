@@ -45,8 +45,8 @@ frmPirate::frmPirate(MainForm& mainForm)
     grid->addWidget(makeOrders(), 0, 1);
     QWidget* sea = makeSea();
     grid->addWidget(sea, 1, 0, 1, 2, Qt::AlignCenter);
-    placeAt(1180, 100);
     layOutTightly(6855, 4695);
+    placeAt(1180, 100);
     sea->layout()->setContentsMargins({});  // the panel has a size of its own
     sea->setFixedSize(sizeFromTwips(6615, 2895).expandedTo(sea->sizeHint()));
 

@@ -31,8 +31,8 @@ frmRepair::frmRepair(MainForm& mainForm)
     txtStatus->setText(QString::number(sldRepair->value()) + QStringLiteral("%"));
     txtPrice->setText(money(0));
     cmdRepair->setEnabled(false);
-    placeAt(0, 2940);
     layOutTightly(6015, 1845);
+    placeAt(0, 2940);
 }
 
 QGroupBox* frmRepair::makeSelection() {

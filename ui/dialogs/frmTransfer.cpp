@@ -62,8 +62,8 @@ frmTransfer::frmTransfer(MainForm& mainForm)
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 
     UpdateTransferButton();
-    placeAt(3300, 2960);
     layOutTightly(4815, 1815);
+    placeAt(3300, 2960);
 }
 
 game::Load frmTransfer::Row::load() const {

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
@@ -121,6 +122,10 @@ void frmMain::connectMenus() {
     connect(m_menus, &Menus::help, this, [this] { open<frmHelp>(*this); });
     connect(m_menus, &Menus::checkForUpdates, this, [this] { openHomePage(m_desktop); });
     connect(m_menus, &Menus::about, this, [this] { open<frmAbout>(*this); });
+}
+
+std::vector<const QWidget*> frmMain::figures() const {
+    return {fraHouse->cash(), fraHold, fraStatus, fraPrices, fraHouse};
 }
 
 bool frmMain::moneyLenderBug() const {
