@@ -133,7 +133,7 @@ int GameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidg
     if (auto* link = qstyleoption_cast<QStyleHintReturnVariant*>(data);
         hint == SH_TextControl_FocusIndicatorTextCharFormat && link != nullptr) {
         QTextCharFormat format;
-        format.setTextOutline({markColour(*option), markWidth});
+        format.setProperty(QTextFormat::OutlinePen, QPen{markColour(*option), markWidth});
         link->variant = format;
         return 1;
     }
