@@ -1,10 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QDir>
 #include <QTemporaryDir>
 
-#include "qt_desktop.h"
+#include "application.h"
 
 /// What Qt and its plugins keep until the end of the process is not a leak of ours. A sanitized
 /// program asks for its options under this name.
@@ -19,8 +18,7 @@ int main(int argc, char** argv) {
         qunsetenv(other);
     }
     qputenv("QT_QPA_PLATFORM", "offscreen");  // also while the tests are only listed
-    const QApplication application(argc, argv);
-    ui::keepNoFileHistory();
+    const ui::Application application(argc, argv);
     testing::InitGoogleTest(&argc, argv);
     const int failed = RUN_ALL_TESTS();
     QStringList left =

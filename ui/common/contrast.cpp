@@ -1,7 +1,5 @@
 #include "contrast.h"
 
-#include <QApplication>
-#include <QPalette>
 #include <algorithm>
 #include <cmath>
 
@@ -27,27 +25,31 @@ QColor mixed(const QColor& colour, const QColor& end, int percent) {
 
 }  // namespace
 
-double contrast(const QColor& text, const QColor& background) {
-    const auto [darker, lighter] = std::minmax({luminance(text), luminance(background)});
+double contrast(const QColor& one, const QColor& other) {
+    const auto [darker, lighter] = std::minmax({luminance(one), luminance(other)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 
-QColor readable(const QColor& colour, const QColor& background) {
-    const QColor end = contrast(Qt::black, background) > contrast(Qt::white, background)
-                           ? QColor{Qt::black}
-                           : QColor{Qt::white};
-    int percent = 0;
-    while (percent < 100 && contrast(mixed(colour, end, percent), background) < leastContrast) {
-        ++percent;
+QColor readable(const QColor& colour, std::initializer_list<QColor> others, double least) {
+    const auto worst = [&others](const QColor& candidate) {
+        double lowest = contrast(Qt::black, Qt::white);
+        for (const QColor& other : others) {
+            lowest = std::min(lowest, contrast(candidate, other));
+        }
+        return lowest;
+    };
+    QColor best = colour;
+    double reached = worst(best);
+    for (int percent = 1; percent <= 100 && reached < least; ++percent) {
+        for (const QColor& end : {QColor{Qt::black}, QColor{Qt::white}}) {
+            const QColor candidate = mixed(colour, end, percent);
+            if (const double lowest = worst(candidate); lowest > reached) {
+                best = candidate;
+                reached = lowest;
+            }
+        }
     }
-    return mixed(colour, end, percent);
-}
-
-void makeSelectionReadable() {
-    QPalette palette = QApplication::palette();
-    palette.setColor(QPalette::Highlight, readable(palette.color(QPalette::Highlight),
-                                                   palette.color(QPalette::HighlightedText)));
-    QApplication::setPalette(palette);
+    return best;
 }
 
 }  // namespace ui

@@ -1,62 +1,18 @@
 #include "controls.h"
 
 #include <QComboBox>
-#include <QEvent>
 #include <QKeyEvent>
-#include <QPainter>
 #include <QStyle>
-#include <algorithm>
 
 #include "spoken_list.h"
 
 namespace ui {
-
-namespace {
-
-/// Says that the focus moves by keyboard, which a window forgets whenever it is shown.
-class FocusKeeper final : public QObject {
-public:
-    using QObject::QObject;
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        if (event->type() == QEvent::Show) {
-            static_cast<QWidget*>(watched)->setAttribute(Qt::WA_KeyboardFocusChange);
-        }
-        return QObject::eventFilter(watched, event);
-    }
-};
-
-}  // namespace
-
-QSize Button::sizeHint() const {
-    const int caption = fontMetrics().size(Qt::TextShowMnemonic, text()).width();
-    return {std::max(caption + measures::buttonEdges, measures::narrowestButton),
-            QPushButton::sizeHint().height()};
-}
 
 void Button::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
         click();
     } else {
         QPushButton::keyPressEvent(event);
-    }
-}
-
-void Button::paintEvent(QPaintEvent* event) {
-    QPushButton::paintEvent(event);
-    paintFocus(this, 3);
-}
-
-void paintFocus(QWidget* control, int inset) {
-    if (control->hasFocus()) {
-        constexpr qreal width = 1.5;
-        constexpr qreal radius = 2;
-        const qreal edge = inset + width / 2;
-        QPainter painter(control);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen({control->palette().color(control->foregroundRole()), width});
-        painter.drawRoundedRect(QRectF(control->rect()).adjusted(edge, edge, -edge, -edge), radius,
-                                radius);
     }
 }
 
@@ -74,10 +30,6 @@ QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& capti
     label->setBuddy(control);
     nameControl(control, spoken.isEmpty() ? QString{caption}.remove(u':') : spoken);
     return label;
-}
-
-void keepFocusVisible(QWidget* window) {
-    window->installEventFilter(new FocusKeeper(window));
 }
 
 bool animated(const QWidget& window) {

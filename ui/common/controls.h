@@ -22,28 +22,13 @@ template <class Control, class... Arguments>
     return makeNamed<QGroupBox>(name, title);
 }
 [[nodiscard]] inline QLabel* makeLabel(const QString& name, const QString& caption) {
-    auto* label = makeNamed<QLabel>(name, caption);
-    label->setTextFormat(Qt::PlainText);
+    auto* label = makeNamed<QLabel>(name);
+    label->setTextFormat(Qt::PlainText);  // first: it sets a text again
+    label->setText(caption);
     return label;
 }
-/// A frame in the colour of its text, `inset` pixels within `control`, while that has the focus.
-void paintFocus(QWidget* control, int inset = 0);
-
-/// A control that marks the focus, of which styles show little where the desktop is dark.
-template <class Control>
-class FocusMarked : public Control {
-public:
-    using Control::Control;
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        Control::paintEvent(event);
-        paintFocus(this);
-    }
-};
-
 [[nodiscard]] inline QRadioButton* makeOption(const QString& name, const QString& caption) {
-    auto* option = makeNamed<FocusMarked<QRadioButton>>(name, caption);
+    auto* option = makeNamed<QRadioButton>(name, caption);
     // Of several options the Tab key goes to the one that is chosen.
     option->setFocusPolicy(Qt::ClickFocus);
     QObject::connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
@@ -52,18 +37,13 @@ protected:
     return option;
 }
 /// A button that Enter presses while it has the focus, in the main window too. From other controls
-/// of a dialog Enter presses the default button. Since styles mark the two alike, this one marks
-/// the focus itself.
+/// of a dialog Enter presses the default button.
 class Button final : public QPushButton {
 public:
     using QPushButton::QPushButton;
 
-    /// As wide as the caption asks: some styles have a floor that is too wide for small dialogs.
-    [[nodiscard]] QSize sizeHint() const override;
-
 protected:
     void keyPressEvent(QKeyEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 };
 [[nodiscard]] inline QPushButton* makeButton(const QString& name, const QString& caption) {
     auto* button = makeNamed<Button>(name, caption);
@@ -81,25 +61,27 @@ void nameControl(QWidget* control, const QString& spoken);
 /// A figure shown to the player: can be selected and copied, not changed. The Tab key passes it by,
 /// for a window has up to seventeen of them between one order and the next; screen readers come to
 /// it as to any object.
-[[nodiscard]] inline QLineEdit* makeDisplay(const QString& name) {
-    auto* display = makeNamed<QLineEdit>(name);
+[[nodiscard]] inline QLineEdit* makeDisplay(const QString& name, QWidget* parent = nullptr) {
+    auto* display = makeNamed<QLineEdit>(name, parent);
     display->setReadOnly(true);
     display->setFocusPolicy(Qt::ClickFocus);
     return display;
 }
 
-/// Shows the focus in `window` from the beginning and behind the mouse, too. Styles would wait for
-/// the first Tab, and who plays by keyboard could not tell where a dialog begins.
-void keepFocusVisible(QWidget* window);
-
 /// Whether the player's desktop shows animations. Who switched them off is spared what flashes.
 [[nodiscard]] bool animated(const QWidget& window);
 
-/// Right-aligned as in a ledger, and never narrower than the longest figure it may show.
-inline void makeRoomFor(QLineEdit* display, const QString& longest) {
+/// The width of a display of `widest` in letters of `metrics`.
+[[nodiscard]] inline int roomFor(const QString& widest, const QFontMetrics& metrics) {
+    return metrics.horizontalAdvance(widest) + measures::fieldEdges;
+}
+/// Right-aligned as in a ledger, and never narrower than `room`.
+inline void makeRoom(QLineEdit* display, int room) {
     display->setAlignment(Qt::AlignRight);
-    display->setMinimumWidth(display->fontMetrics().horizontalAdvance(longest) +
-                             measures::fieldEdges);
+    display->setMinimumWidth(room);
+}
+inline void makeRoomFor(QLineEdit* display, const QString& widest) {
+    makeRoom(display, roomFor(widest, display->fontMetrics()));
 }
 
 /// Sets a text only where it differs: setting is what costs.

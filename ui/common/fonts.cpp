@@ -1,8 +1,6 @@
 #include "fonts.h"
 
 #include <QFontDatabase>
-#include <QFontMetricsF>
-#include <QGuiApplication>
 
 namespace ui {
 
@@ -20,19 +18,6 @@ QFont fontOf(const QStringList& families, const QFont& otherwise) {
         }
     }
     return otherwise;
-}
-
-QFont figuresFont(const QFont& font) {
-    const QFontMetricsF metrics(font);
-    for (char16_t digit = u'1'; digit <= u'9'; ++digit) {
-        if (metrics.horizontalAdvance(QChar{digit}) != metrics.horizontalAdvance(u'0')) {
-            QFont figures = font;
-            figures.setFamily(QGuiApplication::font().family());
-            figures.setHintingPreference(QFont::PreferDefaultHinting);  // as everywhere else
-            return figures;
-        }
-    }
-    return font;
 }
 
 }  // namespace ui

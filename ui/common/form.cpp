@@ -1,13 +1,16 @@
 #include "form.h"
 
 #include <QBoxLayout>
+#include <QFontInfo>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
+#include <QScreen>
 
 #include "controls.h"
 #include "layout.h"
 #include "main_form.h"
+#include "place.h"
 #include "text.h"
 #include "twips.h"
 
@@ -17,14 +20,25 @@ Form::Form(MainForm& mainForm, const QString& name, const QString& caption, Esca
     : QDialog(mainForm.window()), m_mainForm(mainForm), m_escape(escape) {
     setObjectName(name);
     setWindowTitle(caption);
-    keepFocusVisible(this);
     // Of a fixed size, so with nothing to minimise or maximise in its frame.
     setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
                    Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
 }
 
 void Form::placeAt(int left, int top) {
-    move(m_mainForm.window()->frameGeometry().topLeft() + pointFromTwips(left, top));
+    const QWidget& owner = *m_mainForm.window();
+    const QRect frame = owner.frameGeometry();
+    const QRect wanted(frame.topLeft() + pointFromTwips(left, top),
+                       size() + frame.size() - owner.size());
+    if (fontInfo().pixelSize() <= measures::standardLetters) {
+        move(wanted.topLeft());
+        return;
+    }
+    std::vector<QRect> figures;
+    for (const QWidget* figure : m_mainForm.figures()) {
+        figures.emplace_back(figure->mapToGlobal(QPoint()), figure->size());
+    }
+    move(placeBeside(figures, wanted, owner.screen()->availableGeometry()));
 }
 
 void Form::fixSize(int width, int height) {

@@ -21,7 +21,9 @@ public:
 protected:
     [[nodiscard]] MainForm& mainForm() const { return m_mainForm; }
 
-    /// Puts the dialog's top left corner beside that of the main window's frame, in twips.
+    /// Puts the dialog, which has its size by then, with its top left corner beside that of the
+    /// main window's frame, in twips. With letters larger than the standard it keeps away from
+    /// figures.
     void placeAt(int left, int top);
     /// Gives the dialog its client size in twips; larger fonts make it grow rather than clip.
     void fixSize(int width, int height);

@@ -11,6 +11,8 @@ inline constexpr int lineGap = 2;   ///< between the lines of a panel
 
 inline constexpr int mainEdge = 9;  ///< of the main window and its panels, where there is room
 
+inline constexpr int standardLetters = 12;  ///< the size of the font that the dialogs are made for
+
 inline constexpr int buttonEdges = 16;  ///< what a button has beside its caption
 inline constexpr int narrowestButton = 60;
 inline constexpr int fieldEdges = 12;     ///< what the frame of a display and the caret take

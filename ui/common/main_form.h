@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string_view>
+#include <vector>
 
 #include "desktop.h"
 #include "game_state.h"
@@ -19,6 +20,8 @@ public:
 
     /// The window itself, to own dialogs and to place them by.
     [[nodiscard]] virtual QWidget* window() = 0;
+    /// What dialogs should leave in sight, what is needed most first.
+    [[nodiscard]] virtual std::vector<const QWidget*> figures() const = 0;
     [[nodiscard]] virtual game::GameState& state() = 0;
     [[nodiscard]] virtual game::Random& random() = 0;
     [[nodiscard]] virtual Desktop& desktop() = 0;

@@ -5,11 +5,9 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QSettings>
 #include <QUrl>
 #include <cstdlib>
 
-#include "controls.h"
 #include "delay.h"
 
 namespace ui {
@@ -56,10 +54,6 @@ void makeRoomForTitle(QMessageBox& message) {
 
 }  // namespace
 
-void keepNoFileHistory() {
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
-}
-
 Answer QtDesktop::show(QWidget* owner, const Box& box) {
     QMessageBox message(owner);
     message.setObjectName(QStringLiteral("msgBox"));
@@ -73,7 +67,6 @@ Answer QtDesktop::show(QWidget* owner, const Box& box) {
     message.setDefaultButton(toQt(box.byDefault));
     message.setEscapeButton(toQt(box.onEscape));
     makeRoomForTitle(message);
-    keepFocusVisible(&message);
     const int pressed = message.exec();
     for (const Answer answer : box.buttons) {
         if (pressed == toQt(answer)) {
@@ -97,7 +90,6 @@ QString QtDesktop::chooseFileToSave(QWidget* owner) {
 
 QString QtDesktop::chooseFile(QFileDialog& dialog) const {
     dialog.setObjectName(QStringLiteral("dlgFile"));
-    keepFocusVisible(&dialog);
     // The last brackets are the pattern, which is hidden: "All Files" needs no dot in their names.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(

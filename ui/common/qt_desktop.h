@@ -8,10 +8,6 @@ class QFileDialog;
 
 namespace ui {
 
-/// Keeps the toolkit's file dialogs from writing a history into the player's configuration. For the
-/// whole program, before its first window.
-void keepNoFileHistory();
-
 /// The player's real desktop, through Qt.
 class QtDesktop : public Desktop {
 public:

@@ -31,8 +31,9 @@ namespace ui {
 [[nodiscard]] inline QString money(game::Currency amount) {
     return fromRules(game::moneyText(amount));
 }
-/// The longest amount of money that a game in play shows.
-inline const QString longestMoney = QStringLiteral("-$999,999,999,999");
+/// As wide as any amount of money that a game in play shows: where digits differ in width, the
+/// nought is the widest.
+inline const QString widestMoney = QStringLiteral("-$000,000,000,000");
 /// Room in average letters for the longest amount that a field shows without clipping, twelve
 /// digits: -$999,999,999,999 with its narrow signs, and plain.
 inline constexpr int roomForMoney = 14;

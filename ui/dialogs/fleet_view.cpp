@@ -78,7 +78,7 @@ void FleetView::sink(int picture, const std::function<void()>& afterStep) {
 }
 
 void FleetView::setColour(const QColor& colour) {
-    QPalette sea = palette();
+    QPalette sea;
     sea.setColor(backgroundRole(), colour);
     setPalette(sea);
 }

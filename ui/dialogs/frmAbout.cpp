@@ -2,7 +2,6 @@
 
 #include <QFocusEvent>
 #include <QGridLayout>
-#include <QGuiApplication>
 #include <QHBoxLayout>
 #include <QPalette>
 #include <QUrl>
@@ -22,37 +21,51 @@ const QString homePage = QStringLiteral("https://zhenbao.example/");
 const QString supportAddress = QStringLiteral("support@zhenbao.example");
 const QString supportSubject = QStringLiteral("Zhenbao for Windows v1.10");
 
-/// The desktop's colour of links, which dark desktops may leave dark, too.
-QColor linkColour() {
-    const QPalette palette = QGuiApplication::palette();
-    return readable(palette.color(QPalette::Link), palette.color(QPalette::Window));
-}
-
-constexpr int roomForMark = 3;  ///< between a link and the frame that marks it
+constexpr int roomForMark = 3;  ///< between a link and the frame that marks its focus
 
 /// A link for mouse and keyboard that asks to be opened and opens nothing itself.
-class Link final : public FocusMarked<QLabel> {
+class Link final : public QLabel {
 public:
-    explicit Link(const QString& caption)
-        : FocusMarked(QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>")
-                          .arg(linkColour().name(), caption)) {
+    explicit Link(const QString& caption) : m_caption(caption) {
+        showCaption();
         setTextFormat(Qt::RichText);
         setContentsMargins(roomForMark, 0, roomForMark, 0);
         setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
     }
 
 protected:
+    void changeEvent(QEvent* event) override {
+        QLabel::changeEvent(event);
+        if (event->type() == QEvent::PaletteChange) {
+            showCaption();
+        }
+    }
     /// A label takes the Tab key once for itself and once for the link in it, and Shift+Tab never
     /// leaves it. This one is a link: it selects itself, and the next key goes on.
     void focusInEvent(QFocusEvent* event) override {
         QLabel::focusInEvent(event);
         if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
-            QLabel::focusNextPrevChild(true);
+            selectLink();
         }
     }
     bool focusNextPrevChild(bool next) override {
         return QFrame::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call): see above
     }
+
+private:
+    /// In the desktop's colour of links, which dark desktops may leave dark.
+    void showCaption() {
+        const QColor colour =
+            readable(palette().color(QPalette::Link), {palette().color(QPalette::Window)});
+        setText(QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>")
+                    .arg(colour.name(), m_caption));
+        if (hasFocus()) {
+            selectLink();
+        }
+    }
+    void selectLink() { QLabel::focusNextPrevChild(true); }
+
+    QString m_caption;
 };
 
 void writeToSupport(Desktop& desktop) {

@@ -32,8 +32,8 @@ frmBuy::frmBuy(MainForm& mainForm)
     connect(cmdBuy, &QPushButton::clicked, this, &frmBuy::cmdBuy_Click);
 
     UpdateBuyButton();
-    placeAt(3400, 2910);
     layOutTightly(4920, 1920);
+    placeAt(3400, 2910);
 }
 
 void frmBuy::UpdateBuyButton() {

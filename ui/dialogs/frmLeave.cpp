@@ -71,8 +71,8 @@ frmLeave::frmLeave(MainForm& mainForm)
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(fraDestination);
     rows->addLayout(buttons);
-    placeAt(3400, 2910);
     layOutTightly(2850, 3450);
+    placeAt(3400, 2910);
     for (QRadioButton* option : m_ports) {
         if (option->isChecked()) {
             option->setFocus();  // the arrow keys go on from the proposal

@@ -24,8 +24,8 @@ frmMoney::frmMoney(MainForm& mainForm)
                                                            mainForm.moneyLenderBug());
                           },
                       .apply = game::repay}}}) {
-    placeAt(3400, 2980);
     layOutTightly(4575, 1770);
+    placeAt(3400, 2980);
 }
 
 }  // namespace ui

@@ -46,8 +46,8 @@ frmPirate::frmPirate(MainForm& mainForm)
     grid->addWidget(makeOrders(), 0, 1);
     QWidget* sea = makeSea();
     grid->addWidget(sea, 1, 0, 1, 2, Qt::AlignCenter);
-    placeAt(1180, 100);
     layOutTightly(6855, 4695);
+    placeAt(1180, 100);
     sea->layout()->setContentsMargins({});  // the panel has a size of its own
     sea->setFixedSize(sizeFromTwips(6615, 2895).expandedTo(sea->sizeHint()));
 
@@ -62,10 +62,10 @@ QWidget* frmPirate::makeReport() {
         auto* label =
             makeLabelFor(display, QString::fromLatin1(name), QString::fromLatin1(caption));
         display->setFrame(false);
-        QPalette plate = display->palette();
+        QPalette plate;
         plate.setColor(QPalette::Base, Qt::transparent);
         display->setPalette(plate);
-        makeRoomFor(display, QStringLiteral("9999%"));
+        makeRoomFor(display, QStringLiteral("0000%"));
         display->setMaximumWidth(display->minimumWidth());
         display->setFixedHeight(display->fontMetrics().height() + measures::lineGap);
         const int line = grid->rowCount();

@@ -16,7 +16,7 @@ frmRepair::frmRepair(MainForm& mainForm)
     : GameForm(mainForm, QStringLiteral("frmRepair"), QStringLiteral("Repair Ship")),
       txtPrice(makeDisplay(QStringLiteral("txtPrice"))),
       txtStatus(makeDisplay(QStringLiteral("txtStatus"))),
-      sldRepair(makeNamed<FocusMarked<QSlider>>(QStringLiteral("sldRepair"), Qt::Horizontal)),
+      sldRepair(makeNamed<QSlider>(QStringLiteral("sldRepair"), Qt::Horizontal)),
       cmdRepair(makeButton(QStringLiteral("cmdRepair"), QStringLiteral("Repair"))) {
     auto* cmdRepairMax = makeButton(QStringLiteral("cmdRepairMax"), QStringLiteral("Repair Max"));
     auto* cmdCancel = makeButton(QStringLiteral("cmdCancel"), QStringLiteral("Cancel"));
@@ -31,8 +31,8 @@ frmRepair::frmRepair(MainForm& mainForm)
     txtStatus->setText(QString::number(sldRepair->value()) + QStringLiteral("%"));
     txtPrice->setText(money(0));
     cmdRepair->setEnabled(false);
-    placeAt(0, 2940);
     layOutTightly(6015, 1845);
+    placeAt(0, 2940);
 }
 
 QGroupBox* frmRepair::makeSelection() {
@@ -46,8 +46,8 @@ QGroupBox* frmRepair::makeSelection() {
     sldRepair->setSingleStep(1);
     sldRepair->setPageStep(5);
 
-    makeRoomFor(txtPrice, longestMoney);
-    makeRoomFor(txtStatus, longestMoney);  // as wide as the price above it
+    makeRoomFor(txtPrice, widestMoney);
+    makeRoomFor(txtStatus, widestMoney);  // as wide as the price above it
     auto* grid = new QGridLayout(select);
     grid->addWidget(lblPrice, 0, 0);
     grid->addWidget(txtPrice, 0, 1);

@@ -35,8 +35,8 @@ frmSell::frmSell(MainForm& mainForm)
     connect(cmdSellAll, &QPushButton::clicked, this, &frmSell::cmdSellAll_Click);
 
     UpdateSellButton();
-    placeAt(3400, 2910);
     layOutTightly(4935, 1920);
+    placeAt(3400, 2910);
 }
 
 game::Currency frmSell::stock(game::Good good) const {

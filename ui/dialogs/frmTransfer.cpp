@@ -16,7 +16,7 @@ namespace ui {
 namespace {
 
 /// A list of goods, open or not, gets to see no letters: they would choose another good unasked.
-class GoodsList final : public FocusMarked<QComboBox> {
+class GoodsList final : public QComboBox {
 public:
     GoodsList() {
         installEventFilter(this);
@@ -27,7 +27,7 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         const bool pressed = event->type() == QEvent::KeyPress;
         return (pressed && typesOtherThanDigits(*static_cast<QKeyEvent*>(event))) ||
-               FocusMarked<QComboBox>::eventFilter(watched, event);
+               QComboBox::eventFilter(watched, event);
     }
 };
 
@@ -62,8 +62,8 @@ frmTransfer::frmTransfer(MainForm& mainForm)
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 
     UpdateTransferButton();
-    placeAt(3300, 2960);
     layOutTightly(4815, 1815);
+    placeAt(3300, 2960);
 }
 
 game::Load frmTransfer::Row::load() const {

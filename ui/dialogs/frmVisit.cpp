@@ -15,8 +15,8 @@ frmVisit::frmVisit(MainForm& mainForm)
                       .most = game::mostToWithdraw,
                       .refuse = game::refuseWithdrawal,
                       .apply = game::withdraw}}}) {
-    placeAt(3400, 2960);
     layOutTightly(4455, 1815);
+    placeAt(3400, 2960);
 }
 
 }  // namespace ui

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
@@ -37,8 +38,9 @@ namespace ui {
 namespace {
 
 /// In pixels: wide enough that dialogs in their places leave the gauges in sight, high enough for
-/// a dozen entries of the report, which is shorter on a low screen.
-constexpr QSize initialSize{780, 620};
+/// a dozen entries of the report, which is shorter on a low screen. In this width the orders are of
+/// one size, which styles draw once for all.
+constexpr QSize initialSize{782, 620};
 
 /// The area below the menu bar, set off from it by an etched line.
 class ClientArea final : public QWidget {
@@ -71,7 +73,6 @@ frmMain::frmMain(Desktop& desktop, game::Random& random)
       m_menus(new Menus(menuBar())) {
     setObjectName(QStringLiteral("frmMain"));
     setWindowTitle(programName);
-    keepFocusVisible(this);
     ignoreHeldKeys(this);
     setCentralWidget(makeClient());
     const QSize wanted = initialSize.expandedTo(sizeHint());
@@ -131,6 +132,10 @@ void frmMain::connectMenus() {
     connectItem(&Menus::about, [this] { open<frmAbout>(*this); });
     // Closing is a command of its own, since it may come from the window's frame.
     connect(m_menus, &Menus::exit, this, &frmMain::close, Qt::QueuedConnection);
+}
+
+std::vector<const QWidget*> frmMain::figures() const {
+    return {fraHouse->cash(), fraHold, fraStatus, fraPrices, fraHouse};
 }
 
 bool frmMain::moneyLenderBug() const {

@@ -20,6 +20,7 @@ public:
     frmMain(Desktop& desktop, game::Random& random);
 
     QWidget* window() override { return this; }
+    [[nodiscard]] std::vector<const QWidget*> figures() const override;
     game::GameState& state() override { return m_state; }
     game::Random& random() override { return m_random; }
     Desktop& desktop() override { return m_desktop; }

@@ -1,5 +1,6 @@
 #include "log_view.h"
 
+#include <QGuiApplication>
 #include <QScrollBar>
 #include <QTextCursor>
 
@@ -20,11 +21,6 @@ LogView::LogView() : TextView(QStringLiteral("txtLog")) {
     setAccessibleName(QStringLiteral("Comprador's Report"));
     setUndoRedoEnabled(false);
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
-    // The style keeps pictures of a scroll bar for each palette that it ever had: not for alerts.
-    QPalette ofBar = verticalScrollBar()->palette();
-    ofBar.setColor(QPalette::Base, ofBar.color(QPalette::Base));
-    ofBar.setColor(QPalette::Text, ofBar.color(QPalette::Text));
-    verticalScrollBar()->setPalette(ofBar);
     showCalm();
 }
 
@@ -75,6 +71,13 @@ void LogView::showCalm() {
     setColours(Qt::black, QColor(0xE6, 0xE1, 0xD3));
 }
 
+void LogView::changeEvent(QEvent* event) {
+    TextView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        keepScrollBarCalm();
+    }
+}
+
 void LogView::insertAtEnd(std::string_view text) {
     if (text.size() > game::Report::longest) {
         // Out of an absurd file: nobody could wait for millions of letters to be laid out.
@@ -88,10 +91,18 @@ void LogView::insertAtEnd(std::string_view text) {
 }
 
 void LogView::setColours(const QColor& background, const QColor& text) {
-    QPalette colours = palette();
+    QPalette colours;
     colours.setColor(QPalette::Base, background);
     colours.setColor(QPalette::Text, text);
     setPalette(colours);
+}
+
+void LogView::keepScrollBarCalm() {
+    QPalette colours;
+    for (const QPalette::ColorRole role : {QPalette::Base, QPalette::Text}) {
+        colours.setColor(role, QGuiApplication::palette().color(role));
+    }
+    verticalScrollBar()->setPalette(colours);
 }
 
 }  // namespace ui

@@ -27,9 +27,15 @@ public:
     void showAlert(game::Alert alert);
     void showCalm();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void insertAtEnd(std::string_view text);
     void setColours(const QColor& background, const QColor& text);
+    /// The scroll bar keeps the desktop's colours: the style stores pictures of it for each palette
+    /// that it ever had, and alerts would add to them without end.
+    void keepScrollBarCalm();
 
     game::Report m_report;
 };

@@ -8,7 +8,6 @@
 #include <algorithm>
 
 #include "controls.h"
-#include "fonts.h"
 #include "layout.h"
 #include "text.h"
 
@@ -28,39 +27,34 @@ QGridLayout* makeLines(QWidget* panel) {
     return grid;
 }
 
-/// What a display shows before a game begins, and the longest it has to show whole.
-struct Sample {
+/// What a display shows before a game begins, and the width of the widest that it has to show.
+struct Figure {
     QString first;
-    QString longest;
+    int room;
 };
-const Sample units{QStringLiteral("0"), QStringLiteral("99999")};
-const Sample prices{money(0), QStringLiteral("$1,000,000")};
-const Sample fortunes{money(0), longestMoney};
-const Sample dates{fromRules(game::dateText(game::firstDay)), QStringLiteral("Mmm 30, 1860")};
 
 /// A label and a display, side by side in `grid` from `column` on.
 QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& caption,
-                  const QString& name, const Sample& sample, const QString& spoken = {}) {
-    auto* display = makeDisplay(QStringLiteral("txt") + name);
+                  const QString& name, const Figure& figure, const QString& spoken = {}) {
+    auto* display = makeDisplay(QStringLiteral("txt") + name, grid->parentWidget());
     auto* label = makeLabelFor(display, QStringLiteral("lbl") + name, caption, spoken);
-    // Before the text, which every other font would lay out afresh.
-    display->setFont(figuresFont(grid->parentWidget()->font()));
-    makeRoomFor(display, sample.longest);
-    display->setText(sample.first);
     grid->addWidget(label, line, column);
+    label->stackUnder(display);  // where assistive programs come to it first
     grid->addWidget(display, line, column + 1);
+    makeRoom(display, figure.room);
+    display->setText(figure.first);
     return display;
 }
 
 /// A row for each good from `line` on; `prefix` tells the displays of one column from another's,
 /// and so does `spoken`, which says what is shown of the good %1.
-GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const Sample& sample,
+GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const Figure& figure,
                       const QString& spoken) {
     GoodDisplays displays{};
     for (const game::GoodRow& good : game::goods) {
         const QString name = fromRules(good.name);
         displays.at(game::index(good.good)) =
-            addRow(grid, line++, column, name + QStringLiteral(":"), prefix + name, sample,
+            addRow(grid, line++, column, name + QStringLiteral(":"), prefix + name, figure,
                    spoken.arg(name));
     }
     return displays;
@@ -88,12 +82,17 @@ QSize Panel::minimumSizeHint() const {
 void Panel::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionGroupBox option;
     initStyleOption(&option);
-    option.text = fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    if (title().size() * fontMetrics().maxWidth() > width()) {  // it may be too long, then
+        option.text =
+            fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
+    }
     QStylePainter(this).drawComplexControl(QStyle::CC_GroupBox, option);
 }
 
 HousePanel::HousePanel(QWidget* client)
     : Panel(client, QStringLiteral("fraHouse"), QStringLiteral("House of Zhenbao, Hong Kong")) {
+    const Figure units{QStringLiteral("0"), roomFor(QStringLiteral("00000"), fontMetrics())};
+    const Figure fortunes{money(0), roomFor(widestMoney, fontMetrics())};
     auto* grid = makeLines(this);
     grid->addWidget(makeLabel(QStringLiteral("lblWarehouse"), QStringLiteral("- Warehouse -")), 0,
                     0, 1, 2, Qt::AlignCenter);
@@ -129,8 +128,11 @@ void HousePanel::show(const game::GameState& state) {
 
 PricesPanel::PricesPanel(QWidget* client)
     : Panel(client, QStringLiteral("fraPrices"), QStringLiteral("Prices at Hong Kong")) {
+    const Figure date{fromRules(game::dateText(game::firstDay)),
+                      roomFor(QStringLiteral("Mmm 00, 0000"), fontMetrics())};
+    const Figure prices{money(0), roomFor(QStringLiteral("$0,000,000"), fontMetrics())};
     auto* grid = makeLines(this);
-    txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"), dates);
+    txtDate = addRow(grid, 0, 0, QStringLiteral("Date:"), QStringLiteral("Date"), date);
     m_prices = addGoods(grid, 1, 0, u'P', prices, QStringLiteral("%1 price"));
     grid->setColumnStretch(1, 1);
 }

@@ -39,6 +39,7 @@ public:
 
     void showFirm(const QString& firm);
     void show(const game::GameState& state);
+    [[nodiscard]] const QLineEdit* cash() const { return txtCash; }
 
 private:
     GoodDisplays m_warehouse{};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QProxyStyle>
+
+namespace ui {
+
+/// `palette` with a selection whose text can be read: some desktops select in a colour too close
+/// to that of the text.
+[[nodiscard]] QPalette withReadableSelection(QPalette palette);
+
+/// The desktop's style, in which the focus is seen wherever it is: on every kind of control the
+/// same frame in the accent of the palette, where styles mark some and leave others out. Buttons of
+/// the game are as wide as their captions ask.
+class GameStyle final : public QProxyStyle {
+public:
+    using QProxyStyle::polish;
+    void polish(QPalette& palette) override;
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                            QPainter* painter, const QWidget* widget) const override;
+    [[nodiscard]] QRect subElementRect(SubElement element, const QStyleOption* option,
+                                       const QWidget* widget) const override;
+    [[nodiscard]] QSize sizeFromContents(ContentsType type, const QStyleOption* option,
+                                         const QSize& contents,
+                                         const QWidget* widget) const override;
+    [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                                QStyleHintReturn* data) const override;
+    [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
+                                  const QWidget* widget) const override;
+};
+
+}  // namespace ui
