@@ -149,4 +149,12 @@ int GameStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
     return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
+QIcon GameStyle::standardIcon(StandardPixmap picture, const QStyleOption* option,
+                              const QWidget* widget) const {
+    if (!m_icons.contains(picture)) {
+        m_icons.insert(picture, QProxyStyle::standardIcon(picture, option, widget));
+    }
+    return m_icons.value(picture);
+}
+
 }  // namespace ui

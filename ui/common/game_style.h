@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QHash>
+#include <QIcon>
 #include <QProxyStyle>
 
 namespace ui {
@@ -29,8 +31,15 @@ public:
                                          const QWidget* widget) const override;
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* data) const override;
+    /// Makes each icon once. Newer toolkits would keep another copy of its picture for every
+    /// message box, up to ten megabytes of them.
+    [[nodiscard]] QIcon standardIcon(StandardPixmap picture, const QStyleOption* option,
+                                     const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option,
                                   const QWidget* widget) const override;
+
+private:
+    mutable QHash<StandardPixmap, QIcon> m_icons;
 };
 
 }  // namespace ui
