@@ -130,11 +130,9 @@ QSize GameStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
 
 int GameStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                          QStyleHintReturn* data) const {
-    if (auto* link = qstyleoption_cast<QStyleHintReturnVariant*>(data);
-        hint == SH_TextControl_FocusIndicatorTextCharFormat && link != nullptr) {
-        QTextCharFormat format;
-        format.setProperty(QTextFormat::OutlinePen, QPen{markColour(*option), markWidth});
-        link->variant = format;
+    if (auto* mark = qstyleoption_cast<QStyleHintReturnVariant*>(data);
+        hint == SH_TextControl_FocusIndicatorTextCharFormat && mark != nullptr) {
+        mark->variant = QTextCharFormat{};  // a link is marked like any other control
         return 1;
     }
     return QProxyStyle::styleHint(hint, option, widget, data);

@@ -4,6 +4,8 @@
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QPalette>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 #include <QUrl>
 #include <QVBoxLayout>
 
@@ -34,6 +36,14 @@ public:
     }
 
 protected:
+    void paintEvent(QPaintEvent* event) override {
+        QLabel::paintEvent(event);
+        if (hasFocus()) {
+            QStyleOptionFocusRect mark;
+            mark.initFrom(this);
+            QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, mark);
+        }
+    }
     void changeEvent(QEvent* event) override {
         QLabel::changeEvent(event);
         if (event->type() == QEvent::PaletteChange) {
