@@ -18,19 +18,19 @@ namespace {
 
 constexpr char16_t backspace = 8;
 
-/// Enter, Tab, arrows and Escape have their own meaning.
-bool types(QChar character) {
-    return character.category() != QChar::Other_Control || character.unicode() == backspace;
-}
-bool passes(QChar character) {
-    return !types(character) || DigitKeyFilter(character.unicode()) != 0;
-}
-
-/// A shortcut such as Ctrl+1 has a character and types none; with Alt, Ctrl may be AltGr.
-QString textTyped(const QKeyEvent& key) {
+/// The characters that edit a text. Enter, Tab and Escape have characters, and so have shortcuts
+/// such as Ctrl+1, but they type none; with Alt, Ctrl may be AltGr.
+QString typedBy(const QKeyEvent& key) {
     const bool shortcut = (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) ==
                           Qt::KeyboardModifiers{Qt::ControlModifier};
-    return shortcut ? QString{} : key.text();
+    return shortcut ? QString{} : key.text().removeIf([](QChar character) {
+        return character.category() == QChar::Other_Control && character != backspace;
+    });
+}
+
+bool isAllowed(const QString& typed) {
+    return std::all_of(typed.begin(), typed.end(),
+                       [](QChar character) { return DigitKeyFilter(character.unicode()) != 0; });
 }
 
 }  // namespace
@@ -40,9 +40,8 @@ char16_t DigitKeyFilter(char16_t character) {
     return digit || character == backspace ? character : u'\0';
 }
 
-bool typesOtherThanDigits(const QKeyEvent& key) {
-    const QString typed = textTyped(key);
-    return !std::all_of(typed.begin(), typed.end(), passes);
+bool isAllowed(const QKeyEvent& key) {
+    return isAllowed(typedBy(key));
 }
 
 AmountField::AmountField(const QString& name, Format format)
@@ -96,9 +95,13 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
     if (watched == lineEdit()) {
         switch (event->type()) {
             case QEvent::KeyPress:
-                return discards(*static_cast<QKeyEvent*>(event));
+                if (!isAllowed(*static_cast<QKeyEvent*>(event))) {
+                    return true;
+                }
+                announce(*static_cast<QKeyEvent*>(event));
+                break;
             case QEvent::InputMethod:
-                return discards(static_cast<QInputMethodEvent*>(event)->commitString());
+                return !isAllowed(static_cast<QInputMethodEvent*>(event)->commitString());
             case QEvent::MouseButtonRelease:
                 if (std::exchange(m_selectOnRelease, false) && !lineEdit()->hasSelectedText()) {
                     lineEdit()->selectAll();
@@ -111,28 +114,17 @@ bool AmountField::eventFilter(QObject* watched, QEvent* event) {
     return QComboBox::eventFilter(watched, event);
 }
 
-bool AmountField::discards(const QKeyEvent& key) {
-    if (key.matches(QKeySequence::Paste)) {
-        emit keyTyped();
-        return false;
-    }
-    return discards(textTyped(key));
-}
-
-bool AmountField::discards(const QString& typed) {
-    if (!std::all_of(typed.begin(), typed.end(), passes)) {
-        return true;
-    }
-    if (std::any_of(typed.begin(), typed.end(), types)) {
+void AmountField::announce(const QKeyEvent& key) {
+    if (key.matches(QKeySequence::Paste) || !typedBy(key).isEmpty()) {
         emit keyTyped();
     }
-    return false;
 }
 
 void AmountField::keyPressEvent(QKeyEvent* event) {
-    if (discards(*event)) {
+    if (!isAllowed(*event)) {
         return;
     }
+    announce(*event);
     const bool opensList = event->modifiers() == Qt::AltModifier && event->key() == Qt::Key_Down;
     switch (event->key()) {
         case Qt::Key_Up:
@@ -151,9 +143,13 @@ void AmountField::keyPressEvent(QKeyEvent* event) {
 }
 
 void AmountField::inputMethodEvent(QInputMethodEvent* event) {
-    if (!discards(event->commitString())) {
-        QComboBox::inputMethodEvent(event);
+    if (!isAllowed(event->commitString())) {
+        return;
     }
+    if (!event->commitString().isEmpty()) {
+        emit keyTyped();
+    }
+    QComboBox::inputMethodEvent(event);
 }
 
 void AmountField::focusInEvent(QFocusEvent* event) {

@@ -10,11 +10,12 @@ namespace ui {
 
 /// The character, if it may be typed into an amount field: a digit or Backspace; else 0.
 [[nodiscard]] char16_t DigitKeyFilter(char16_t character);
-/// Whether a key types something else, which no control of a dialog of amounts gets to see.
-[[nodiscard]] bool typesOtherThanDigits(const QKeyEvent& key);
+/// Whether a dialog of amounts lets a key through to its controls: one that types nothing, or only
+/// characters that the filter passes.
+[[nodiscard]] bool isAllowed(const QKeyEvent& key);
 
-/// An editable list whose text is an amount. The entries are made anew each time the list is
-/// opened and can be reached only there.
+/// An editable list whose text is an amount. The entries are made each time the list opens, and
+/// can be reached only there.
 class AmountField final : public QComboBox {
     Q_OBJECT
 
@@ -54,9 +55,8 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    /// Whether what was typed must not reach the field; says so where a typed key does reach it.
-    [[nodiscard]] bool discards(const QKeyEvent& key);
-    [[nodiscard]] bool discards(const QString& typed);
+    /// Emits keyTyped if the key, which is allowed, changes the text.
+    void announce(const QKeyEvent& key);
 
     Format m_format;
     Maximum m_maximum;

@@ -5,7 +5,6 @@
 
 #include "desktop.h"
 #include "game_state.h"
-#include "orders.h"
 #include "random.h"
 #include "voyage_scene.h"
 
@@ -13,11 +12,10 @@ class QWidget;
 
 namespace ui {
 
-/// What dialogs may ask of the main window, and no more.
-class MainForm {
+/// What dialogs may ask of the main window, and no more. It is also the scene of voyages: its
+/// report, its orders, its boxes.
+class MainForm : public game::VoyageScene {
 public:
-    virtual ~MainForm() = default;
-
     /// The window itself, to own dialogs and to place them by.
     [[nodiscard]] virtual QWidget* window() = 0;
     /// What dialogs should leave in sight, what is needed most first.
@@ -32,26 +30,14 @@ public:
     /// fortune and ruin. May open windows and may end the program.
     virtual void UpdateMainForm() = 0;
 
-    /// A game was started or loaded: names the firm, opens the report anew with `message`,
+    /// A game was started or loaded: names the firm, opens the report with `message`,
     /// withdraws offers and lets the player save and look at the statistics.
     virtual void beginGame(std::string_view message) = 0;
 
-    /// Adds a dated entry to the report; where there is a continuation, as its second line.
-    virtual void appendEntry(std::string_view message, std::string_view continuation) = 0;
-    void appendEntry(std::string_view message) { appendEntry(message, {}); }
-    /// Adds text behind the last entry.
-    virtual void appendText(std::string_view text) = 0;
     /// Moves the report's caret to its end and shows it.
     virtual void showReportEnd() = 0;
-    /// The report flashes in the colour of `alert` for pace::alertFlash, or waits as long where
-    /// the player has switched animations off.
-    virtual void flashReport(game::Alert alert) = 0;
-
-    virtual void setOrderEnabled(game::Order order, bool enabled) = 0;
     /// While a voyage lasts the main window takes no orders, whatever is refreshed meanwhile.
     virtual void setUnderWay(bool underWay) = 0;
-    /// Shows the pointer of a ship at sea, or the usual one.
-    virtual void setAtSea(bool atSea) = 0;
     /// Shows `percent` as the ship's condition until the next refresh.
     virtual void previewStatus(game::Currency percent) = 0;
 };

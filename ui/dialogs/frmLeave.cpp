@@ -2,48 +2,13 @@
 
 #include <QBoxLayout>
 
+#include "commands.h"
 #include "controls.h"
-#include "frmPirate.h"
 #include "main_form.h"
 #include "text.h"
 #include "voyage.h"
 
 namespace ui {
-
-namespace {
-
-/// The voyage as the main window shows it.
-class VoyageOnMainForm final : public game::VoyageScene {
-public:
-    explicit VoyageOnMainForm(MainForm& mainForm) : m_mainForm(mainForm) {}
-
-    void appendEntry(std::string_view message, std::string_view continuation) override {
-        m_mainForm.appendEntry(message, continuation);
-    }
-    void appendText(std::string_view text) override { m_mainForm.appendText(text); }
-    void flash(game::Alert alert) override { m_mainForm.flashReport(alert); }
-    void wait(game::Milliseconds duration) override { m_mainForm.desktop().wait(duration); }
-    void setOrderEnabled(game::Order order, bool enabled) override {
-        m_mainForm.setOrderEnabled(order, enabled);
-    }
-    void setAtSea(bool atSea) override { m_mainForm.setAtSea(atSea); }
-    bool ask(std::string_view text, std::string_view title) override {
-        return m_mainForm.desktop().confirm(m_mainForm.window(), fromRules(text), fromRules(title),
-                                            Icon::Question, Answer::No);
-    }
-    void inform(std::string_view text, std::string_view title) override {
-        m_mainForm.desktop().inform(m_mainForm.window(), fromRules(text), fromRules(title));
-    }
-    void showBattle() override {
-        frmPirate form{m_mainForm};
-        form.exec();
-    }
-
-private:
-    MainForm& m_mainForm;
-};
-
-}  // namespace
 
 frmLeave::frmLeave(MainForm& mainForm)
     : GameForm(mainForm, QStringLiteral("frmLeave"), QStringLiteral("Leave Port")) {
@@ -98,8 +63,7 @@ void frmLeave::cmdDepart_Click() {
     // therefore closes itself to orders until the ship has arrived.
     mainForm().setUnderWay(true);
     hide();
-    VoyageOnMainForm scene{mainForm()};
-    game::sail(mainForm().state(), mainForm().random(), scene, port);
+    game::sail(mainForm().state(), mainForm().random(), mainForm(), port);
     mainForm().setUnderWay(false);
     accept();
 }

@@ -8,6 +8,10 @@ namespace ui {
 class frmMoney final : public TwoSidedForm {
 public:
     explicit frmMoney(MainForm& mainForm);
+
+private:
+    [[nodiscard]] static Side borrowing(MainForm& mainForm);
+    [[nodiscard]] static Side repaying(const MainForm& mainForm);
 };
 
 }  // namespace ui

@@ -15,7 +15,7 @@ namespace ui {
 
 namespace {
 
-/// A list of goods, open or not, gets to see no letters: they would choose another good unasked.
+/// A list of goods ignores letters, which would choose another good.
 class GoodsList final : public QComboBox {
 public:
     GoodsList() {
@@ -26,7 +26,7 @@ public:
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override {
         const bool pressed = event->type() == QEvent::KeyPress;
-        return (pressed && typesOtherThanDigits(*static_cast<QKeyEvent*>(event))) ||
+        return (pressed && !isAllowed(*static_cast<QKeyEvent*>(event))) ||
                QComboBox::eventFilter(watched, event);
     }
 };

@@ -18,6 +18,7 @@
 #include "frmLeave.h"
 #include "frmMoney.h"
 #include "frmNew.h"
+#include "frmPirate.h"
 #include "frmRepair.h"
 #include "frmSell.h"
 #include "frmStats.h"
@@ -216,12 +217,16 @@ void frmMain::showReportEnd() {
     txtLog->showEnd();
 }
 
-void frmMain::flashReport(game::Alert alert) {
+void frmMain::flash(game::Alert alert) {
     if (animated(*this)) {
         txtLog->showAlert(alert);
     }
-    m_desktop.wait(game::pace::alertFlash);
+    wait(game::pace::alertFlash);
     txtLog->showCalm();
+}
+
+void frmMain::wait(game::Milliseconds duration) {
+    m_desktop.wait(duration);
 }
 
 void frmMain::setOrderEnabled(game::Order order, bool enabled) {
@@ -243,6 +248,18 @@ void frmMain::setAtSea(bool atSea) {
     } else {
         unsetCursor();
     }
+}
+
+bool frmMain::ask(std::string_view text, std::string_view title) {
+    return m_desktop.confirm(this, fromRules(text), fromRules(title), Icon::Question, Answer::No);
+}
+
+void frmMain::inform(std::string_view text, std::string_view title) {
+    m_desktop.inform(this, fromRules(text), fromRules(title));
+}
+
+void frmMain::showBattle() {
+    open<frmPirate>(*this);
 }
 
 void frmMain::previewStatus(game::Currency percent) {

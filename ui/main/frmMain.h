@@ -28,14 +28,18 @@ public:
 
     void UpdateMainForm() override;
     void beginGame(std::string_view message) override;
-    using MainForm::appendEntry;
+    using VoyageScene::appendEntry;
     void appendEntry(std::string_view message, std::string_view continuation) override;
     void appendText(std::string_view text) override;
     void showReportEnd() override;
-    void flashReport(game::Alert alert) override;
+    void flash(game::Alert alert) override;
+    void wait(game::Milliseconds duration) override;
     void setOrderEnabled(game::Order order, bool enabled) override;
     void setUnderWay(bool underWay) override;
     void setAtSea(bool atSea) override;
+    bool ask(std::string_view text, std::string_view title) override;
+    void inform(std::string_view text, std::string_view title) override;
+    void showBattle() override;
     void previewStatus(game::Currency percent) override;
 
     /// Closes every other window of the program.
