@@ -95,6 +95,7 @@ void stealFromWarehouse(GameState& state, Random& random, VoyageScene& scene) {
             state.*good.warehouse -= drawUpToHalf(random, state.*good.warehouse);
         }
     }
+    // The spelling is intentional.
     scene.appendEntry(" - Bad Joss!  Messanger reports large theft from warehouse, Zhenbao!");
     scene.flash(Alert::Misfortune);
 }

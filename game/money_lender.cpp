@@ -49,7 +49,7 @@ Refusal refuseRepayment(const GameState& state, Currency amount, bool overPaymen
 
 std::string repay(GameState& state, Currency amount) {
     lend(state, -amount);
-    return " - Repayed " + moneyText(amount);
+    return " - Repayed " + moneyText(amount);  // this spelling is intentional
 }
 
 }  // namespace game

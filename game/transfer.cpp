@@ -40,6 +40,7 @@ void move(GameState& state, const Load& load, Place destination,
     state.*stockField(good, destination) += amount;
     state.gcurHold += aboard ? amount : -amount;
 
+    // The spelling is intentional.
     std::string message = " - Transfered " + load.typed + " ";
     message.append(good.name).append(aboard ? " to Ship" : " to Warehouse");
     messages.push_back(std::move(message));

@@ -37,6 +37,7 @@ void requestTribute(GameState& state, Random& random, VoyageScene& scene) {
         scene.inform("Adding Difference to Debt   ", "Not Enough Cash");
     }
     state.gcurPayoff = 0;
+    // The spelling is intentional.
     scene.appendEntry(" - Payed " + amount + " in donation to the temple of Tin Hau");
 }
 

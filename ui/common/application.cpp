@@ -11,7 +11,7 @@ namespace ui {
 
 namespace {
 
-/// Reads its pictures when the window system asks for them, which not all do.
+/// Decodes its pictures only when the window system asks for them; some never do.
 class ProgramIcon final : public QIconEngine {
 public:
     [[nodiscard]] QIconEngine* clone() const override { return new ProgramIcon; }
@@ -34,8 +34,7 @@ public:
     }
 };
 
-/// The toolkit's file dialogs write their history into the player's configuration, unless there is
-/// none.
+/// Sends the history that the toolkit's file dialogs keep in the player's configuration nowhere.
 void keepNoFileHistory() {
     QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
 }
@@ -45,14 +44,14 @@ void keepNoFileHistory() {
 Application::Application(int& argc, char** argv) : QApplication(argc, argv) {
     setStyle(new GameStyle);
     setWindowIcon(QIcon(new ProgramIcon));
-    setDesktopFileName(QStringLiteral(ZHENBAO_ID));  // whose menu entry it is
+    setDesktopFileName(QStringLiteral(ZHENBAO_ID));  // finds the menu entry
     keepNoFileHistory();
-    setCursorFlashTime(0);  // a steady caret: nothing wakes while the player thinks
+    setCursorFlashTime(0);  // a blinking caret would wake the idle program
 }
 
 bool Application::event(QEvent* event) {
     if (event->type() == QEvent::ApplicationPaletteChange) {
-        // The style polishes what comes from the desktop, not what was set here.
+        // The style polishes palettes of the desktop, but not those that a program sets.
         const QPalette readable = withReadableSelection(palette());
         if (readable != palette()) {
             setPalette(readable);

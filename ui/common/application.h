@@ -4,7 +4,8 @@
 
 namespace ui {
 
-/// The program on its desktop: its name, its icon, its look, and nothing left behind.
+/// The application with its name, icon and style. It leaves no file history in the player's
+/// configuration.
 class Application final : public QApplication {
 public:
     Application(int& argc, char** argv);

@@ -5,19 +5,17 @@
 
 namespace ui {
 
-/// Carries out what the player orders, one order at a time. Until it is done others are dropped,
-/// even those of assistive programs, which modal dialogs do not stop.
+/// Carries out the player's commands one at a time. Commands that come meanwhile are dropped, even
+/// those of assistive programs, which modal dialogs do not block.
 class Commands final : public QObject {
 public:
     using Command = std::function<void()>;
 
     explicit Commands(QObject* parent) : QObject(parent) {}
 
-    /// Carries out `command` from the event loop. The program that gave the order is answered
-    /// before a dialog opens.
+    /// Carries out `command` from the event loop, so that the call returns before a dialog opens.
     void giveLater(const Command& command);
-    /// Carries out `command` at once and in place of one that was given for later; false where
-    /// another is being carried out.
+    /// Carries out `command` at once and instead of one that waits; false if another is under way.
     bool giveNow(const Command& command);
 
     /// Gives `command` later whenever `sender` emits `signal`.

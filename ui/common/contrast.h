@@ -8,15 +8,15 @@ namespace ui {
 /// How well one colour stands out from another: the ratio of their luminances, from 1 to 21.
 [[nodiscard]] double contrast(const QColor& one, const QColor& other);
 
-/// The least contrast of any text that can be read or chosen.
+/// The least contrast of enabled text.
 inline constexpr double leastContrast = 4.5;
-/// The least contrast of the mark of the focus with what is on either side of it.
+/// The least contrast of the focus mark with the pixels on either side.
 inline constexpr double leastContrastOfMark = 3;
-/// What the mark has with the plain colours of a palette, which styles shade a little.
+/// The contrast of the mark with the plain colours of a palette, which styles shade a little.
 inline constexpr double contrastOfMark = 4;
 
-/// `colour`, made darker or lighter as little as it takes to stand out from all `others`; where
-/// that cannot be, the colour that comes closest to it.
+/// `colour`, made darker or lighter just enough to have the contrast `least` with all `others`, or
+/// the closest possible colour.
 [[nodiscard]] QColor readable(const QColor& colour, std::initializer_list<QColor> others,
                               double least = leastContrast);
 

@@ -53,14 +53,13 @@ protected:
 /// How assistive programs call `control`.
 void nameControl(QWidget* control, const QString& spoken);
 
-/// The label that stands beside `control`. Assistive programs call the control `spoken`, where its
-/// place says more than the caption, or else by the caption without its colon.
+/// The label beside `control`. Assistive programs call the control `spoken`, or the caption without
+/// its colon if that is empty.
 [[nodiscard]] QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,
                                    const QString& spoken = {});
 
-/// A figure shown to the player: can be selected and copied, not changed. The Tab key passes it by,
-/// for a window has up to seventeen of them between one order and the next; screen readers come to
-/// it as to any object.
+/// A figure that the player can select and copy but not change. The Tab key skips it, since a
+/// window has up to seventeen of them between two orders; screen readers find it as an object.
 [[nodiscard]] inline QLineEdit* makeDisplay(const QString& name, QWidget* parent = nullptr) {
     auto* display = makeNamed<QLineEdit>(name, parent);
     display->setReadOnly(true);
@@ -68,7 +67,7 @@ void nameControl(QWidget* control, const QString& spoken);
     return display;
 }
 
-/// Whether the player's desktop shows animations. Who switched them off is spared what flashes.
+/// Whether the player's desktop shows animations. Nothing flashes where they are switched off.
 [[nodiscard]] bool animated(const QWidget& window);
 
 /// The width of a display of `widest` in letters of `metrics`.
@@ -84,7 +83,7 @@ inline void makeRoomFor(QLineEdit* display, const QString& widest) {
     makeRoom(display, roomFor(widest, display->fontMetrics()));
 }
 
-/// Sets a text only where it differs: setting is what costs.
+/// Sets a text only if it differs, since setting is expensive.
 template <class Control>
 void showText(Control* control, const QString& text) {
     if (control->text() != text) {

@@ -14,8 +14,8 @@ void Delay(game::Milliseconds duration) {
     }
     const QDeadlineTimer end(duration, Qt::PreciseTimer);
 
-    // Even a precise timer wakes a little late, which 48 short waits in a row would add up to.
-    // So the event loop sleeps until shortly before the end, and only the rest is polled.
+    // Even a precise timer wakes a little late, which adds up over 48 short waits in a row. The
+    // event loop sleeps until shortly before the end, and the rest is polled.
     constexpr Milliseconds polled{1};
     if (duration > polled) {
         QEventLoop loop;

@@ -4,8 +4,8 @@
 
 namespace ui {
 
-/// Returns once `duration` has passed, never early; windows stay responsive meanwhile. Nothing
-/// or less than nothing returns at once without handling any event.
+/// Returns once `duration` has passed, never early; windows stay responsive meanwhile. Zero or less
+/// returns at once without handling any event.
 void Delay(game::Milliseconds duration);
 
 }  // namespace ui

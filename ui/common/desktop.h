@@ -26,8 +26,8 @@ struct Box {
     Answer onEscape = Answer::Ok;   ///< pressed by Escape and by the box's own close button
 };
 
-/// The door to everything outside the program: message boxes, file dialogs, links, time and the
-/// end. Windows go through it, so that a test can stand behind it.
+/// Everything outside the program: message boxes, file dialogs, links, time and the end. Tests
+/// replace it.
 class Desktop {
 public:
     virtual ~Desktop() = default;
@@ -35,12 +35,12 @@ public:
     /// Shows the box over `owner` and returns the button pressed.
     virtual Answer show(QWidget* owner, const Box& box) = 0;
 
-    /// The file to read or write a saved game, empty where the player cancels. The player has
-    /// agreed to replace a file that exists.
+    /// The file to load or save, empty if the player cancels. Before saving, the player has agreed
+    /// to replace a file that exists.
     [[nodiscard]] virtual QString chooseFileToLoad(QWidget* owner) = 0;
     [[nodiscard]] virtual QString chooseFileToSave(QWidget* owner) = 0;
 
-    /// The file dialogs begin beside `path` from now on: it was read or written.
+    /// Lets file dialogs start at `path`, which was read or written successfully.
     virtual void rememberFile(const QString& path) = 0;
 
     /// Opens a web page or a mail in the player's own program for it.

@@ -5,14 +5,13 @@
 namespace ui {
 
 QFont fontOf(const QStringList& families, const QFont& otherwise) {
-    // The list is at hand; asking for one family by name makes the toolkit search for substitutes.
+    // Looking a missing family up by name would make the toolkit search for substitutes.
     const QStringList installed = QFontDatabase::families();
     for (const QString& family : families) {
         if (installed.contains(family, Qt::CaseInsensitive)) {
             QFont font = otherwise;
             font.setFamily(family);
-            // On whole pixels: crisp at small sizes, and each letter is drawn once for all its
-            // places.
+            // Whole pixels are crisp at small sizes, and each letter is rendered once.
             font.setHintingPreference(QFont::PreferFullHinting);
             return font;
         }

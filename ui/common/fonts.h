@@ -5,7 +5,7 @@
 
 namespace ui {
 
-/// The first installed family of the list, or else `otherwise`, whose size and weight it keeps.
+/// `otherwise` in the first installed family of the list, or unchanged if none is installed.
 [[nodiscard]] QFont fontOf(const QStringList& families, const QFont& otherwise);
 
 }  // namespace ui

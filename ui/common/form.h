@@ -21,11 +21,11 @@ public:
 protected:
     [[nodiscard]] MainForm& mainForm() const { return m_mainForm; }
 
-    /// Puts the dialog, which has its size by then, with its top left corner beside that of the
-    /// main window's frame, in twips. With letters larger than the standard it keeps away from
-    /// figures.
+    /// Moves the dialog to an offset in twips from the top left corner of the main window's frame.
+    /// With letters larger than the standard it keeps away from the figures. Call it once the size
+    /// is fixed.
     void placeAt(int left, int top);
-    /// Gives the dialog its client size in twips; larger fonts make it grow rather than clip.
+    /// Fixes the client size in twips; with larger fonts the dialog grows instead of clipping.
     void fixSize(int width, int height);
 
     void keyPressEvent(QKeyEvent* event) override;
@@ -46,9 +46,9 @@ protected:
     /// Moves the controls close together, whatever they were laid out with, and fixes the client
     /// size in twips: these dialogs are small, to leave the figures in sight.
     void layOutTightly(int width, int height);
-    /// Tells the player where an order is refused; false where it may be carried out.
+    /// Shows the refusal, if there is one, and returns whether there is.
     [[nodiscard]] bool refused(const game::Refusal& refusal);
-    /// Enters what an order did into the report.
+    /// Adds an entry for each message to the report.
     void report(const std::vector<std::string>& messages);
 };
 

@@ -6,13 +6,13 @@
 
 namespace ui {
 
-/// `palette` with a selection whose text can be read: some desktops select in a colour too close
-/// to that of the text.
+/// `palette` with a selection whose text is readable. Some desktops select in a colour too close to
+/// that of the text.
 [[nodiscard]] QPalette withReadableSelection(QPalette palette);
 
-/// The desktop's style, in which the focus is seen wherever it is: on every kind of control the
-/// same frame in the accent of the palette, where styles mark some and leave others out. Buttons of
-/// the game are as wide as their captions ask.
+/// The desktop's style with one mark for the focus: a frame in the accent of the palette on every
+/// kind of control. Styles mark some kinds hardly or not at all. The game's buttons are as wide as
+/// their captions need.
 class GameStyle final : public QProxyStyle {
 public:
     using QProxyStyle::polish;

@@ -4,8 +4,8 @@ class QObject;
 
 namespace ui {
 
-/// For as long as `owner` lives, Enter and Escape count once however long they are held down. The
-/// key that opened or closed a window would otherwise go on in the next one.
+/// As long as `owner` lives, Enter and Escape count once however long they are held. Otherwise the
+/// key that opened or closed a window would act in the next one too.
 void ignoreHeldKeys(QObject* owner);
 
 }  // namespace ui

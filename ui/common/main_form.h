@@ -18,7 +18,7 @@ class MainForm : public game::VoyageScene {
 public:
     /// The window itself, to own dialogs and to place them by.
     [[nodiscard]] virtual QWidget* window() = 0;
-    /// What dialogs should leave in sight, what is needed most first.
+    /// The figures that dialogs should leave in sight, the most important first.
     [[nodiscard]] virtual std::vector<const QWidget*> figures() const = 0;
     [[nodiscard]] virtual game::GameState& state() = 0;
     [[nodiscard]] virtual game::Random& random() = 0;

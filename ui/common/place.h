@@ -5,8 +5,8 @@
 
 namespace ui {
 
-/// Where a window that should stand at `wanted` covers as little as it can of `figures`, of which
-/// those that come first count most. It moves no further than that takes and stays on `screen`.
+/// The place nearest to `wanted`, on `screen`, where a window covers as little as possible of
+/// `figures`. The first figures count most.
 [[nodiscard]] QPoint placeBeside(const std::vector<QRect>& figures, const QRect& wanted,
                                  const QRect& screen);
 

@@ -42,7 +42,7 @@ QMessageBox::StandardButton toQt(Answer answer) {
     return QMessageBox::NoButton;
 }
 
-/// A box is as wide as its text, while the reason of a failure stands in its title.
+/// A box is only as wide as its text, but the reason of a failure is its title.
 void makeRoomForTitle(QMessageBox& message) {
     constexpr int frameButtons = 140;  // and the bold letters of some frames
     const int title = message.fontMetrics().horizontalAdvance(message.windowTitle());
@@ -90,7 +90,7 @@ QString QtDesktop::chooseFileToSave(QWidget* owner) {
 
 QString QtDesktop::chooseFile(QFileDialog& dialog) const {
     dialog.setObjectName(QStringLiteral("dlgFile"));
-    // The last brackets are the pattern, which is hidden: "All Files" needs no dot in their names.
+    // The last brackets are the pattern, which is hidden: "All Files" includes names without a dot.
     dialog.setOption(QFileDialog::HideNameFilterDetails);
     dialog.setNameFilters(
         {QStringLiteral("Saved Game Files (*.zhb)(*.zhb)"), QStringLiteral("All Files (*.*)(*)")});

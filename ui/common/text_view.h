@@ -4,7 +4,7 @@
 
 namespace ui {
 
-/// A text to read: it has a caret to read and select by.
+/// A read-only text with a caret for reading and selecting.
 class TextView : public QPlainTextEdit {
 public:
     explicit TextView(const QString& name);

@@ -17,7 +17,7 @@ constexpr int firstEdge = 120;
 constexpr int rowDistance = 600;
 constexpr int sinkingStep = 10;
 
-/// Where a picture stands once its top edge has come down by `sunk` twips.
+/// The place of a picture whose top edge has sunk by `sunk` twips.
 QRect placeOf(int picture, int sunk) {
     const int row = picture / shipsPerRow;
     const int column = picture % shipsPerRow;
@@ -27,7 +27,7 @@ QRect placeOf(int picture, int sunk) {
     return {pixels(left), surfaced, pixels(shipSide), pixels(top + shipSide) - surfaced};
 }
 
-/// To assistive programs the fleet is one picture with a name, not 48 without.
+/// Assistive programs see the fleet as one picture with a name instead of 48 without.
 class FleetPicture final : public QAccessibleWidget {
 public:
     explicit FleetPicture(QWidget* fleet) : QAccessibleWidget(fleet, QAccessible::Graphic) {}

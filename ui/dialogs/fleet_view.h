@@ -17,8 +17,8 @@ public:
 
     /// Shows exactly the first `ships` pictures, and names itself by their count.
     void showShips(int ships);
-    /// The picture slides down behind its own bottom edge in 48 steps, each painted as soon as
-    /// `afterStep` lets the window handle its events.
+    /// The picture slides down past its own bottom edge in 48 steps; `afterStep` runs after each,
+    /// so that the window can paint it.
     void sink(int picture, const std::function<void()>& afterStep);
     void setColour(const QColor& colour);
 

@@ -21,7 +21,8 @@ namespace {
 
 const QString homePage = QStringLiteral("https://zhenbao.example/");
 const QString supportAddress = QStringLiteral("support@zhenbao.example");
-const QString supportSubject = QStringLiteral("Zhenbao for Windows v1.10");
+const QString supportSubject =
+    QStringLiteral("Zhenbao for Windows v1.10");  // intentionally not the version
 
 constexpr int roomForMark = 3;  ///< between a link and the frame that marks its focus
 

@@ -61,6 +61,7 @@ frmHelp::frmHelp(MainForm& mainForm)
     : Form(mainForm, QStringLiteral("frmHelp"), QStringLiteral("Zhenbao Help")),
       fraContent(makeFrame(QStringLiteral("fraContent"), {})),
       txtDisplay(new TextView(QStringLiteral("txtDisplay"))) {
+    // The spellings of the second page are intentional.
     static constexpr std::array<Page, 4> pages{{
         {"cmdIntroduction", "Introduction", "Introduction ", proseFont, "introduction.txt"},
         {"cmdIntructions", "Original Instructions", "Original Instuctions ", screenFont,

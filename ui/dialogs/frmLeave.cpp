@@ -44,7 +44,7 @@ frmLeave::frmLeave(MainForm& mainForm)
         }
     }
 
-    auto* commands = new Commands(this);  // a press of either is the last one
+    auto* commands = new Commands(this);  // one press of either counts
     commands->giveOn(cmdDepart, &QPushButton::clicked, [this] { cmdDepart_Click(); });
     commands->giveOn(cmdCancel, &QPushButton::clicked, [this] { reject(); });
 }
@@ -59,8 +59,8 @@ std::string_view frmLeave::destination() const {
 
 void frmLeave::cmdDepart_Click() {
     const std::string_view port = destination();
-    // The dialog makes way for the report. With it goes its hold on the main window, which
-    // therefore closes itself to orders until the ship has arrived.
+    // The dialog makes way for the report. A hidden dialog no longer blocks the main window, so
+    // that one refuses orders itself until the ship has arrived.
     mainForm().setUnderWay(true);
     hide();
     game::sail(mainForm().state(), mainForm().random(), mainForm(), port);

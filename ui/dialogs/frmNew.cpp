@@ -14,8 +14,8 @@ namespace {
 
 constexpr int longestFirm = 24;  ///< characters
 
-/// Keeps out of the firm's name what a saved game cannot hold, its own quotation mark, and makes
-/// blanks of line breaks and other characters that are none.
+/// Removes double quotes from the firm's name, which a saved game cannot hold, and turns line
+/// breaks and control characters into blanks.
 class FirmValidator final : public QValidator {
 public:
     using QValidator::QValidator;

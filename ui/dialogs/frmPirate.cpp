@@ -112,7 +112,7 @@ QPushButton* frmPirate::button(game::BattleOrder order) const {
 }
 
 void frmPirate::focusOrder(QPushButton* preferred) {
-    // Disabled buttons lose the focus; the next order should be a key press away again.
+    // Disabled buttons lose the focus; the next order should be one key press away.
     if (preferred->isEnabled()) {
         return preferred->setFocus();
     }
@@ -133,7 +133,7 @@ void frmPirate::closeEvent(QCloseEvent* event) {
         }
     };
     if (!m_commands->giveNow(ask)) {
-        ask();  // during a volley or a run, which goes on behind the question
+        ask();  // a volley or a run goes on meanwhile
     }
 }
 

@@ -15,13 +15,13 @@ namespace ui {
 
 class AmountField;
 
-/// What buying and selling have in common: an amount of each good, and ship or warehouse. Choosing
-/// the other place clears the amounts.
+/// What buying and selling have in common: an amount of each good, and ship or warehouse. A click
+/// on a place clears the amounts.
 class TradePanel final : public QWidget {
     Q_OBJECT
 
 public:
-    /// How a dialog words what it shares with the other.
+    /// The texts and names that differ between buying and selling.
     struct Wording {
         QString amount;      ///< spoken for the amount of the good %1
         QString maximum;     ///< the button beside an amount

@@ -12,8 +12,8 @@ namespace ui {
 
 class AmountField;
 
-/// A counter where money goes one of two ways. Working on one side switches the other off; the
-/// zero entry of its list switches that on again.
+/// A dialog where money moves one of two ways. Working on one side disables the other; the zero
+/// entry of its list enables it again.
 class TwoSidedForm : public GameForm {
 protected:
     struct Side {
@@ -34,10 +34,9 @@ private:
     };
 
     [[nodiscard]] Row makeRow(const Side& side);
-    /// Switches `other` on or off while the player works on `row`.
+    /// Disables or enables `other` while the player works on `row`.
     void connectSides(const Row& row, const Row& other);
-    /// Carries out one side and then the other. What one side did stands even where the other is
-    /// refused.
+    /// Carries out one side and then the other. The first stands even if the second is refused.
     void cmdOK_Click();
 
     Sides m_sides;

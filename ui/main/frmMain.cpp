@@ -38,9 +38,8 @@ namespace ui {
 
 namespace {
 
-/// In pixels: wide enough that dialogs in their places leave the gauges in sight, high enough for
-/// a dozen entries of the report, which is shorter on a low screen. In this width the orders are of
-/// one size, which styles draw once for all.
+/// In pixels: wide enough that dialogs leave the gauges in sight, high enough for a dozen entries
+/// of the report. At this width all orders have one size, so the style renders one button for all.
 constexpr QSize initialSize{782, 620};
 
 /// The area below the menu bar, set off from it by an etched line.
@@ -131,7 +130,7 @@ void frmMain::connectMenus() {
     connectItem(&Menus::help, [this] { open<frmHelp>(*this); });
     connectItem(&Menus::checkForUpdates, [this] { openHomePage(m_desktop); });
     connectItem(&Menus::about, [this] { open<frmAbout>(*this); });
-    // Closing is a command of its own, since it may come from the window's frame.
+    // Closing is no command, since it may also come from the window's frame.
     connect(m_menus, &Menus::exit, this, &frmMain::close, Qt::QueuedConnection);
 }
 
@@ -238,7 +237,8 @@ void frmMain::setUnderWay(bool underWay) {
     m_menus->setOpen(!underWay);
     if (!underWay) {
         enableOrdersOfPort();
-        fraOrders->focusOrder(game::Order::Leave);  // the passage took the focus from all orders
+        fraOrders->focusOrder(
+            game::Order::Leave);  // disabled orders lose the focus during the passage
     }
 }
 

@@ -14,7 +14,7 @@ class Menus;
 class OrdersPanel;
 class PricesPanel;
 
-/// The program's one window: owns the record of the game, shows all of it and takes the orders.
+/// The main window: owns the record of the game, shows all of it and takes the orders.
 class frmMain final : public QMainWindow, public MainForm {
 public:
     frmMain(Desktop& desktop, game::Random& random);
@@ -60,15 +60,15 @@ private:
     void cmdLeave_Click();
     void cmdCannon_Click();
     void cmdShip_Click();
-    /// Buys what was offered under `order`, or tells why not and lets the offer stand.
+    /// Buys what was offered for `order`, or shows why not and keeps the offer.
     void buyOffer(game::Order order, const game::Refusal& refusal,
                   std::string (*buy)(game::GameState&));
     void mnuNewItem_Click();
     void mnuLoadItem_Click();
 
-    /// Asks whether to save the game in play, and saves it; false where the player cancels.
+    /// Asks whether to save the game in play, and saves it; false if the player cancels.
     [[nodiscard]] bool goOnAfterSaveQuestion();
-    /// A game is in play that would be lost.
+    /// Whether a game is in play that would be lost.
     [[nodiscard]] bool hasUnsavedChanges() const;
 
     Desktop& m_desktop;

@@ -34,8 +34,8 @@ void requireRegularFile(const QFileInfo& file) {
     }
 }
 
-/// The file that symbolic links lead to, which need not be there yet. QSaveFile would take ".."
-/// behind a linked folder for the folder of the link, and replace links that lead in a circle.
+/// The file that symbolic links lead to, which need not exist. QSaveFile resolves ".." after a
+/// linked folder wrongly, and replaces links that form a circle.
 QFileInfo behindLinks(const QString& path) {
     std::filesystem::path file = QFileInfo(path).filesystemFilePath();
     std::error_code ignored;
@@ -48,7 +48,7 @@ QFileInfo behindLinks(const QString& path) {
     return QFileInfo(file);
 }
 
-/// A write may stop half way; only the next one then tells why.
+/// A write may stop half way, and only the next one gives the reason.
 [[nodiscard]] bool writeAll(QIODevice& file, QByteArrayView bytes) {
     while (!bytes.isEmpty()) {
         const qint64 written = file.write(bytes.data(), bytes.size());
@@ -105,7 +105,7 @@ void writeGameFile(const QString& path, const GameState& state) {
     requireRegularFile(target);
     QSaveFile file(target.filePath());
     file.setDirectWriteFallback(true);  // in a folder that takes no new file
-    // Without a buffer, since a commit would take for a success what fails in emptying it.
+    // Unbuffered, since commit() does not notice when flushing a buffer fails.
     if (!file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) || !writeAll(file, bytes) ||
         !file.commit()) {
         throw FileError{file.errorString()};

@@ -6,7 +6,7 @@
 
 namespace ui {
 
-/// Why a file could not be read or written, where possible in the words of the platform.
+/// Why a file could not be read or written, in the platform's words if it has any.
 struct FileError {
     QString description;
 };
@@ -16,9 +16,9 @@ struct FileError {
 /// Throws FileError.
 [[nodiscard]] game::GameState readGameFile(const QString& path);
 
-/// Saves the game in the file at `path`, in the system's encoding. Until the new file is complete
-/// the old one stands, unless its folder takes no new file; anything but a regular file or a
-/// symbolic link to one is left alone. Throws FileError where nothing was saved.
+/// Saves the game in the file at `path`, in the system's encoding. The old file stays
+/// until the new one is complete, unless its folder takes no new file. Only regular files and
+/// symbolic links to them are written. Throws FileError if nothing was saved.
 void writeGameFile(const QString& path, const game::GameState& state);
 
 }  // namespace ui

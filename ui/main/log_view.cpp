@@ -47,9 +47,9 @@ void LogView::append(std::string_view text) {
 }
 
 void LogView::refresh() {
-    if (const std::string fallen = m_report.trim(); !fallen.empty()) {
+    if (const std::string removed = m_report.trim(); !removed.empty()) {
         QTextCursor front(document());
-        front.setPosition(static_cast<int>(shown(fallen).size()), QTextCursor::KeepAnchor);
+        front.setPosition(static_cast<int>(shown(removed).size()), QTextCursor::KeepAnchor);
         front.removeSelectedText();
     }
     showEnd();
@@ -80,7 +80,8 @@ void LogView::changeEvent(QEvent* event) {
 
 void LogView::insertAtEnd(std::string_view text) {
     if (text.size() > game::Report::longest) {
-        // Out of an absurd file: nobody could wait for millions of letters to be laid out.
+        // A firm's name out of a broken file may have millions of letters, which take ages to lay
+        // out.
         (void)m_report.trim();
         setPlainText(shown(m_report.text()));
         return;

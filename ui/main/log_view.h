@@ -11,12 +11,10 @@ class LogView final : public TextView {
 public:
     LogView();
 
-    [[nodiscard]] const game::Report& report() const { return m_report; }
-
     void open(const game::GameDate& date, std::string_view message);
     void addEntry(const game::GameDate& date, std::string_view message,
                   std::string_view continuation);
-    /// Text behind the last entry. A player who looks further up is left there.
+    /// Adds text after the last entry. The view stays where it is if the player has scrolled up.
     void append(std::string_view text);
     /// Cuts the report to its length and shows its end.
     void refresh();
@@ -33,8 +31,8 @@ protected:
 private:
     void insertAtEnd(std::string_view text);
     void setColours(const QColor& background, const QColor& text);
-    /// The scroll bar keeps the desktop's colours: the style stores pictures of it for each palette
-    /// that it ever had, and alerts would add to them without end.
+    /// Keeps the desktop's colours for the scroll bar. The style stores pictures of it for each
+    /// palette, so alerts would add more and more.
     void keepScrollBarCalm();
 
     game::Report m_report;

@@ -47,7 +47,7 @@ Menus::Menus(QMenuBar* bar)
 
     connect(addItem(m_help, QStringLiteral("mnuHelpItem"), QStringLiteral("&Help"), Qt::Key_F1),
             &QAction::triggered, this, &Menus::help);
-    addSeparator(m_help, QStringLiteral("mnuItemSeperator2"));
+    addSeparator(m_help, QStringLiteral("mnuItemSeperator2"));  // spelled so intentionally
     connect(addItem(m_help, QStringLiteral("mnuItemUpdates"), QStringLiteral("&Check for Updates")),
             &QAction::triggered, this, &Menus::checkForUpdates);
     connect(addItem(m_help, QStringLiteral("mnuAboutItem"), QStringLiteral("&About Zhenbao")),
@@ -94,8 +94,7 @@ void Menus::setOpen(bool open) {
 
 void Menus::leaveBar() {
     if (QApplication::activePopupWidget() == nullptr && m_bar->window()->focusWidget() == m_bar) {
-        // A menu that is left by Escape leaves the focus to the bar, which gives it back at
-        // another.
+        // After Escape in a menu the bar has the focus; a second Escape gives it back.
         QKeyEvent another(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
         QCoreApplication::sendEvent(m_bar, &another);
     }

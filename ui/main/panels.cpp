@@ -18,7 +18,7 @@ namespace {
 constexpr int columnGap = 10;            ///< between a display and the label of the next column
 constexpr qsizetype longestTitle = 200;  ///< characters; a title of the game has a quarter
 
-/// Lines close together: the dialogs that trade stand right below the figures.
+/// Lines close together, since the trading dialogs open right below the figures.
 QGridLayout* makeLines(QWidget* panel) {
     auto* grid = new QGridLayout(panel);
     grid->setContentsMargins(measures::mainEdge, measures::panelTop, measures::mainEdge,
@@ -46,8 +46,8 @@ QLineEdit* addRow(QGridLayout* grid, int line, int column, const QString& captio
     return display;
 }
 
-/// A row for each good from `line` on; `prefix` tells the displays of one column from another's,
-/// and so does `spoken`, which says what is shown of the good %1.
+/// A row for each good from `line` on. `prefix` begins the names of the column's displays, `spoken`
+/// says what they show of the good %1.
 GoodDisplays addGoods(QGridLayout* grid, int line, int column, QChar prefix, const Figure& figure,
                       const QString& spoken) {
     GoodDisplays displays{};
@@ -82,7 +82,7 @@ QSize Panel::minimumSizeHint() const {
 void Panel::paintEvent(QPaintEvent* /*event*/) {
     QStyleOptionGroupBox option;
     initStyleOption(&option);
-    if (title().size() * fontMetrics().maxWidth() > width()) {  // it may be too long, then
+    if (title().size() * fontMetrics().maxWidth() > width()) {  // it may be too long
         option.text =
             fontMetrics().elidedText(title(), Qt::ElideRight, width(), Qt::TextShowMnemonic);
     }
@@ -160,7 +160,7 @@ void GaugePanel::show(const QString& title, game::Currency value, game::Currency
     const int most = std::max(maximum.toInt(), 1);
     const int shown = std::clamp(value.toInt(), 0, most);
     if (m_bar->maximum() != most || m_bar->value() != shown) {
-        // A bar paints itself, and all else that waits for it, at once; this one waits as well.
+        // QProgressBar repaints synchronously; this defers it to the next paint event.
         m_bar->setUpdatesEnabled(false);
         m_bar->setMaximum(most);
         m_bar->setValue(shown);
@@ -177,7 +177,7 @@ OrdersPanel::OrdersPanel(QWidget* client)
         const char* caption;
     };
     static constexpr std::array<Row, game::orders.size()> rows{{
-        {Order::Buy, "cmdBuy", "Buy Merchandice"},
+        {Order::Buy, "cmdBuy", "Buy Merchandice"},  // this spelling is intentional
         {Order::Sell, "cmdSell", "Sell Merchandice"},
         {Order::Leave, "cmdLeave", "Leave Port"},
         {Order::Visit, "cmdVisit", "Visit Bank"},

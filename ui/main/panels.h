@@ -16,8 +16,8 @@ namespace ui {
 /// A display for each good.
 using GoodDisplays = std::array<QLineEdit*, game::goods.size()>;
 
-/// A titled panel whose title comes from the game and its files: shown as it stands, never as
-/// markup, on one line, and never a reason for the window to grow.
+/// A panel whose title comes from the game and its files: shown as plain text on one line, and
+/// never a reason for the window to grow.
 class Panel : public QGroupBox {
 public:
     Panel(QWidget* client, const QString& name, const QString& title);
@@ -83,7 +83,7 @@ public:
     explicit OrdersPanel(QWidget* client);
 
     void setOrderEnabled(game::Order order, bool enabled);
-    /// Lets the keyboard go on from the button of `order`.
+    /// Gives the focus to the button of `order`.
     void focusOrder(game::Order order);
 
 signals:
