@@ -70,7 +70,9 @@ inline void setFigure(game::GameState& state, const std::string& figure) {
             valid = Figure::read(figure.substr(equals + 1), state.*member);
         }
     });
-    if (!valid || state == before || std::ranges::count(game::ports, state.gstrLocation) == 0) {
+    const std::string& port = state.gstrLocation;  // none before the first game
+    const bool exists = port.empty() || std::ranges::count(game::ports, port) > 0;
+    if (!valid || !exists || state == before) {
         throw std::runtime_error("unknown, wrong or without effect: " + figure);
     }
 }
