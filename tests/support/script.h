@@ -95,6 +95,9 @@ inline std::string play(const std::string& script) {
     const std::size_t figures = script.rfind('=') + 1;
     const std::size_t deed = figures == 0 ? 0 : std::min(script.find(' ', figures), script.size());
     const game::GameState before = newGame(script.substr(0, deed));
+    if (std::ranges::count(game::ports, before.gstrLocation) == 0) {
+        throw std::runtime_error("no port: " + before.gstrLocation);
+    }
     game::GameState after = before;
     const std::string happened = Actor(after, script.substr(deed)).play();
     return happened + changes(before, after);
