@@ -60,23 +60,27 @@ struct Figure {
     static std::string text(bool flag) { return flag ? "yes" : "no"; }
 };
 
-/// Changes one figure of a record. One that is unknown, wrong or without effect throws.
-inline void setFigure(game::GameState& state, const std::string& figure) {
-    const game::GameState before = state;
-    const std::size_t equals = std::min(figure.find('='), figure.size() - 1);
-    bool valid = true;
-    eachMember([&](std::string_view name, auto member) {
-        if (name == figure.substr(0, equals)) {
-            valid = Figure::read(figure.substr(equals + 1), state.*member);
+/// Changes the figures of a record, as in "Date=1860-02-15 Cash=22.5". One that is unknown or wrong
+/// throws; so does one without effect where each has to have one.
+inline void setFigures(game::GameState& state, const std::string& figures, bool eachHasEffect) {
+    std::istringstream words(figures);
+    for (std::string figure; words >> figure;) {
+        const game::GameState before = state;
+        const std::size_t equals = std::min(figure.find('='), figure.size() - 1);
+        bool valid = false;
+        eachMember([&](std::string_view name, auto member) {
+            if (name == figure.substr(0, equals)) {
+                valid = Figure::read(figure.substr(equals + 1), state.*member);
+            }
+        });
+        if (!valid || (eachHasEffect && state == before)) {
+            throw std::runtime_error("unknown, wrong or without effect: " + figure);
         }
-    });
-    if (!valid || state == before) {
-        throw std::runtime_error("unknown, wrong or without effect: " + figure);
     }
 }
 
 /// A game just started: Hong Kong, $1,000 cash, no debt, no cannons, an empty hold of 60, prices
-/// 12,000, 1,100, 90 and 14, saved; then `figures`, as in "Date=1860-02-15 Cash=22.5".
+/// 12,000, 1,100, 90 and 14, saved; then `figures`.
 inline game::GameState newGame(const std::string& figures = {}) {
     game::Generator prices(0);
     game::GameState state;
@@ -88,10 +92,14 @@ inline game::GameState newGame(const std::string& figures = {}) {
     state.gcurPArms = 90;
     state.gcurPGeneral = 14;
     state.gblnGameSaved = true;
-    std::istringstream words(figures);
-    for (std::string figure; words >> figure;) {
-        setFigure(state, figure);
-    }
+    setFigures(state, figures, false);
+    return state;
+}
+
+/// The same for a script, in which a figure without effect is a mistake.
+inline game::GameState scriptedGame(const std::string& figures) {
+    game::GameState state = newGame();
+    setFigures(state, figures, true);
     return state;
 }
 

@@ -94,7 +94,7 @@ private:
 inline std::string play(const std::string& script) {
     const std::size_t figures = script.rfind('=') + 1;
     const std::size_t deed = figures == 0 ? 0 : std::min(script.find(' ', figures), script.size());
-    const game::GameState before = newGame(script.substr(0, deed));
+    const game::GameState before = scriptedGame(script.substr(0, deed));
     if (std::ranges::count(game::ports, before.gstrLocation) == 0) {
         throw std::runtime_error("no port: " + before.gstrLocation);
     }

@@ -77,7 +77,7 @@ public:
         QAccessible::installUpdateHandler(hear);
         m_mainForm.show();
         if (name != "nothing") {
-            m_game = newGame(opening.section('|', 0, 0).section(' ', 1).toStdString());
+            m_game = scriptedGame(opening.section('|', 0, 0).section(' ', 1).toStdString());
             m_mainForm.beginGame(" - Welcome Captain");
             m_mainForm.UpdateMainForm();
         }
