@@ -19,10 +19,28 @@ const game::GameState& aGame() {
     return state;
 }
 
+/// A captain who chooses at random and asks for as much as a list offers.
+class RandomCaptain final : public test::Captain {
+public:
+    using Captain::Captain;
+
+    /// Gives every order once; the last one sails.
+    void playMonth() {
+        for (const Deed& order : orders()) {
+            benchmark::DoNotOptimize(order.play(*this));
+        }
+    }
+
+private:
+    std::size_t choose(const Options& options) override {
+        return static_cast<std::size_t>(roll(m_random, static_cast<int>(options.size()))) - 1;
+    }
+    std::string type(game::Currency most) override { return plainText(most); }
+};
+
 /// Whole arrivals: prices, calendar, weather, interest, events and visitors.
 void arrivals(benchmark::State& run) {
     game::Generator random(1);
-    test::Scene scene;
     game::GameState begun = aGame();
     begun.gcurCash = 100'000;
     begun.gcurSOpium = 10;
@@ -31,6 +49,7 @@ void arrivals(benchmark::State& run) {
         begun.*good.warehouse = 1'000;
     }
     game::GameState state = begun;
+    RandomCaptain scene(state, random);
     std::size_t port = 0;
     for (auto _ : run) {
         if (++port == 1'000) {  // starts over before interest makes the figures extreme
@@ -60,25 +79,6 @@ void load(benchmark::State& run) {
     }
 }
 BENCHMARK(load)->Unit(benchmark::kMicrosecond);
-
-/// A captain who chooses at random and asks for as much as a list offers.
-class RandomCaptain final : public test::Captain {
-public:
-    using Captain::Captain;
-
-    /// Gives every order once; the last one sails.
-    void playMonth() {
-        for (const Deed& order : orders()) {
-            benchmark::DoNotOptimize(order.play(*this));
-        }
-    }
-
-private:
-    std::size_t choose(const Options& options) override {
-        return static_cast<std::size_t>(roll(m_random, static_cast<int>(options.size()))) - 1;
-    }
-    std::string type(game::Currency most) override { return plainText(most); }
-};
 
 /// Months of all orders, a passage, its battles and an arrival.
 void months(benchmark::State& run) {

@@ -8,7 +8,6 @@
 #include "calendar.h"
 #include "report.h"
 #include "script.h"
-#include "standing.h"
 
 using game::Currency;
 
@@ -28,13 +27,11 @@ Currency amount(const std::string& text) {
 }
 
 TEST(Random, ReachesBothEndsOfASpan) {
-    test::ScriptedRandom ends("0 1 0 1 0 1");
+    test::ScriptedRandom ends("0 1 0 1");
     EXPECT_EQ(roll(ends, 6), 1);
     EXPECT_EQ(roll(ends, 6), 6);
-    EXPECT_EQ(drawFrom(ends, 5, 21), 5);
+    EXPECT_EQ(drawFrom(ends, 300'000'000'000, 1'051), 300'000'000'000);
     EXPECT_EQ(drawFrom(ends, 300'000'000'000, 1'051), 300'000'001'050);
-    EXPECT_EQ(drawUpToHalf(ends, 101), 1);
-    EXPECT_EQ(drawUpToHalf(ends, 101), 51);
 }
 
 TEST(Random, GeneratesEveryFaceAboutAsOften) {
@@ -51,13 +48,11 @@ TEST(Random, GeneratesEveryFaceAboutAsOften) {
 }
 
 TEST(Currency, ReadsAndWritesExactly) {
-    for (const char* same : {"0.4999", "999", "0.5", "-0.0001", highest, lowest}) {
-        EXPECT_EQ(read(same), same);
-    }
-    const std::map<std::string, std::string> others{{"007", "7"},          {"-0", "0"},
-                                                    {"1.0000", "1"},       {"1.00005", "1.0001"},
-                                                    {"-1.00004999", "-1"}, {"12.50", "12.5"}};
-    for (const auto& [text, number] : others) {
+    const std::map<std::string, std::string> numbers{
+        {"0.4999", "0.4999"}, {"999", "999"},    {"0.5", "0.5"},        {"-0.0001", "-0.0001"},
+        {highest, highest},   {lowest, lowest},  {"007", "7"},          {"-0", "0"},
+        {"1.0000", "1"},      {"12.50", "12.5"}, {"1.00005", "1.0001"}, {"-1.00004999", "-1"}};
+    for (const auto& [text, number] : numbers) {
         EXPECT_EQ(read(text), number);
     }
     for (const char* refused :
@@ -73,8 +68,7 @@ TEST(Currency, IsShownInWholeDollars) {
         {"0.4999", "$0"},     {"0.5", "$1"},
         {"-0.4", "$0"},       {"-0.5", "-$1"},
         {"999", "$999"},      {"999.9999", "$1,000"},
-        {"-4600", "-$4,600"}, {highest, "$922,337,203,685,478"},
-        {"-0.0001", "$0"},    {lowest, "-$922,337,203,685,478"}};
+        {"-4600", "-$4,600"}, {highest, "$922,337,203,685,478"}};
     for (const auto& [number, text] : shown) {
         EXPECT_EQ(moneyText(amount(number)), text);
     }
@@ -84,15 +78,14 @@ TEST(Currency, StopsAtItsEndsAndRoundsHalvesAwayFromZero) {
     const auto product = [](const char* a, const char* b) {
         return plainText(amount(a) * amount(b));
     };
-    EXPECT_EQ(product("-5", "2"), "-10");
-    EXPECT_EQ(product("1.5", "1.5"), "2.25");
+    EXPECT_EQ(product("1.5", "-1.5"), "-2.25");
     EXPECT_EQ(product("0.0001", "0.5"), "0.0001");
     EXPECT_EQ(product("-0.0001", "0.5"), "-0.0001");
     EXPECT_EQ(product("0.0001", "0.4999"), "0");
-    EXPECT_EQ(plainText(Currency::highest() * 2), highest);
-    EXPECT_EQ(plainText(Currency::highest() * -2), lowest);
-    EXPECT_EQ(plainText(Currency::highest() + 1), highest);
-    EXPECT_EQ(plainText(Currency::lowest() - 1), lowest);
+    EXPECT_EQ(product(highest, "2"), highest);
+    EXPECT_EQ(product(highest, "-2"), lowest);
+    EXPECT_EQ(Currency::highest() + 1, Currency::highest());
+    EXPECT_EQ(Currency::lowest() - 1, Currency::lowest());
     EXPECT_EQ(Currency::highest().toInt(), std::numeric_limits<int>::max());
     EXPECT_EQ(Currency::lowest().toInt(), std::numeric_limits<int>::min());
     EXPECT_EQ(plainText(absolute(amount("-0.0001")) + absolute(amount("0.0002"))), "0.0003");
@@ -134,47 +127,18 @@ TEST(Amount, IsOfferedInRoundSteps) {
 }
 
 TEST(Calendar, MovesToTheSameDayOfTheNextMonth) {
-    const std::map<std::string, std::string> next{
-        {"1860-01-31", "Feb 29, 1860"}, {"1860-02-15", "Mar 15, 1860"},
-        {"1860-03-31", "Apr 30, 1860"}, {"1860-04-15", "May 15, 1860"},
-        {"1860-05-15", "Jun 15, 1860"}, {"1860-06-15", "Jul 15, 1860"},
-        {"1860-07-15", "Aug 15, 1860"}, {"1860-08-15", "Sep 15, 1860"},
-        {"1860-09-15", "Oct 15, 1860"}, {"0100-10-01", "Nov 01, 0100"},
-        {"9998-12-31", "Jan 31, 9999"}, {"9999-12-31", "Dec 31, 9999"}};
-    for (const auto& [day, later] : next) {
-        game::GameDate date;
-        ASSERT_TRUE(test::Figure::read(day, date));
-        EXPECT_EQ(game::dateText(game::oneMonthLater(date)), later);
+    using namespace std::chrono;
+    EXPECT_EQ(game::oneMonthLater(1860y / 1 / 31), 1860y / 2 / 29);
+    EXPECT_EQ(game::oneMonthLater(1860y / 3 / 31), 1860y / 4 / 30);
+    EXPECT_EQ(game::oneMonthLater(9998y / 12 / 31), 9999y / 1 / 31);
+    EXPECT_EQ(game::oneMonthLater(9999y / 12 / 31), 9999y / 12 / 31);
+    std::string months;
+    for (game::GameDate date = 99y / 12 / 1; date.year() < 101y;) {
+        date = game::oneMonthLater(date);
+        months += game::dateText(date).substr(0, 4);
     }
-}
-
-TEST(Rank, BeginsAtItsScore) {
-    const std::map<int, std::string> ranks{
-        {-5, "Galley Hand"},       {500, "Galley Hand"},       {501, "Compradore"},
-        {999, "Compradore"},       {1'000, "Zhenbao"},         {7'999, "Zhenbao"},
-        {8'000, "Master Zhenbao"}, {49'999, "Master Zhenbao"}, {50'000, "Ma Tsu"}};
-    for (const auto& [score, name] : ranks) {
-        game::GameState state = test::newGame();
-        state.gcurRank = score;
-        updateStanding(state);
-        EXPECT_EQ(state.gstrRank, name) << score;
-    }
-}
-
-TEST(Shock, ChangesOnePrice) {
-    const std::map<std::string, std::string> shocks{
-        {"1/8", "Opium has risen to $72,000 cyan POpium=72000"},
-        {"2/8", "Opium has dropped to $2,000 cyan POpium=2000"},
-        {"3/8", "Silk has risen to $6,600 cyan PSilk=6600"},
-        {"4/8", "Silk has dropped to $183 cyan PSilk=183"},
-        {"5/8", "Arms has risen to $540 cyan PArms=540"},
-        {"6/8", "Arms has dropped to $15 cyan PArms=15"},
-        {"7/8", "General has risen to $84 cyan PGeneral=84"},
-        {"8/8", "General has dropped to $2 cyan PGeneral=2"}};
-    for (const auto& [face, change] : shocks) {
-        EXPECT_EQ(test::play("events 5- 1/25 " + face), " - The price of " + change);
-    }
-    EXPECT_TRUE(test::play("PGeneral=5 events 5- 1/25 8/8").ends_with("to $1 cyan PGeneral=1"));
+    EXPECT_EQ(months, "Jan Feb Mar Apr May Jun Jul Aug Sep Oct Nov Dec Jan ");
+    EXPECT_EQ(game::dateText(100y / 11 / 1), "Nov 01, 0100");
 }
 
 TEST(Report, KeepsItsLastTwentyThousandCharacters) {

@@ -14,15 +14,15 @@
 #include "purchases.h"
 #include "shipyard.h"
 #include "trading.h"
-#include "transcript.h"
 #include "transfer.h"
 #include "voyage.h"
 
 namespace test {
 
 /// A player without windows: fills in the orders as their windows do, sails and fights. A subclass
-/// makes the choices.
-class Captain : public Scene {
+/// makes the choices. Voyages and battles go into a transcript, if one is wanted: a line for each
+/// entry or report, followed by what else happens.
+class Captain : public game::VoyageScene, public game::BattleScene {
 public:
     using Options = std::vector<std::string_view>;
     struct Deed {
@@ -31,7 +31,7 @@ public:
     };
 
     Captain(game::GameState& state, game::Random& random, bool writes = false)
-        : Scene(writes), m_state(state), m_random(random) {}
+        : m_state(state), m_random(random), m_writes(writes) {}
 
     static const std::array<Deed, 13>& orders() {
         using namespace game;
@@ -49,9 +49,74 @@ public:
             {"repairmax", [](C& c) { return canRepairMax(c.m_state) ? repairMax(c.m_state) : ""; }},
             {"cannon", [](C& c) { return c.carryOut(refuseCannon(c.m_state), buyCannon); }},
             {"ship", [](C& c) { return c.carryOut(refuseShip(c.m_state), buyShip); }},
-            {"sail", [](C& c) { return c.sailTo(game::ports.at(c.choose(ports))); }},
+            {"sail", [](C& c) { return c.sailTo(c.choosePort()); }},
         }};
         return all;
+    }
+
+    void appendEntry(std::string_view message, std::string_view continuation) override {
+        line(message, continuation.empty() ? "" : "\n| ", continuation);
+    }
+    void appendEntry(std::string_view message) override { line(message); }
+    void appendText(std::string_view text) override { add(text); }
+    void report(std::string_view text) override { line(text); }
+    void flash(game::Alert alert) override { add(alert == game::Alert::News ? " cyan" : " red"); }
+    void flash() override { add(" flash"); }
+    void wait(game::Milliseconds duration) override { add(" ", duration.count()); }
+    void setOrderEnabled(game::Order order, bool enabled) override {
+        constexpr std::array<std::string_view, 9> names{
+            "Buy", "Sell", "Leave", "Visit", "Money", "Transfer", "Repair", "Cannon", "Ship"};
+        add(enabled ? " +" : " -", names.at(static_cast<std::size_t>(order)));
+    }
+    void setOrderEnabled(game::BattleOrder order, bool enabled) override {
+        constexpr std::string_view letters = "FDRC";  // Fight, to the Death, Run, dump Cargo
+        add(enabled ? " +" : " -", letters.substr(static_cast<std::size_t>(order), 1));
+    }
+    void setAtSea(bool atSea) override { add(atSea ? " at sea" : " in port"); }
+    bool ask(std::string_view text, std::string_view title) override {
+        inform(text, title);
+        return answer();
+    }
+    void inform(std::string_view text, std::string_view title) override {
+        line("[", title, "] ", text);
+    }
+    void inform(std::string_view text) override { inform(text, ""); }
+    void showFleet(game::Currency ships) override { add(" fleet:", ships); }
+    void showStatus(game::Currency percent) override { add(" status:", percent); }
+    void showCannons(game::Currency cannons) override { add(" cannons:", cannons); }
+    void sinkLast(game::Currency ships, game::Milliseconds step) override {
+        add(" sink:", ships, "x", step.count());
+    }
+    void refresh() override { add(" refresh"); }
+    bool confirmDumping() override {
+        add(" dump?");
+        return answer();
+    }
+    bool playAgain() override {
+        add(" again?");
+        return answer();
+    }
+    void finish() override {
+        add(" finish");
+        m_finished = true;
+    }
+    void endProgram() override {
+        add(" the end");
+        m_finished = true;
+    }
+
+    void showBattle() override {
+        static const Options all{"run", "dump", "fight", "death"};
+        constexpr std::array ways{&game::Battle::run, &game::Battle::dumpCargo,
+                                  &game::Battle::fight, &game::Battle::fightToDeath};
+        m_finished = false;
+        game::Battle battle(m_state, m_random, *this);
+        battle.open();
+        while (!m_finished && !leavesBattle()) {
+            const Options possible(all.begin(),
+                                   m_state.gcurCannons > 0 ? all.end() : all.begin() + 2);
+            (battle.*ways.at(choose(possible)))();
+        }
     }
 
 protected:
@@ -62,38 +127,38 @@ protected:
     /// Whether a battle is left as it stands, which only a test can do.
     virtual bool leavesBattle() { return false; }
 
-    bool answer() override { return choose({"yes", "no"}) == 0; }
+    std::string_view choosePort() {
+        return game::ports.at(choose(
+            {"HongKong", "Shanghai", "Nagasaki", "Saigon", "Manila", "Singapore", "Batavia"}));
+    }
 
-    void showBattle() override {
-        static const Options unarmed{"run", "dump"};
-        static const Options armed{"run", "dump", "fight", "death"};
-        constexpr std::array ways{&game::Battle::run, &game::Battle::dumpCargo,
-                                  &game::Battle::fight, &game::Battle::fightToDeath};
-        finished = false;
-        game::Battle battle(m_state, m_random, *this);
-        battle.open();
-        while (!finished && !leavesBattle()) {
-            (battle.*ways.at(choose(m_state.gcurCannons > 0 ? armed : unarmed)))();
+    template <class... Parts>
+    void add(const Parts&... parts) {
+        if (m_writes) {
+            (transcript.append(text(parts)), ...);
         }
     }
 
-    inline static const Options ports{"HongKong", "Shanghai",  "Nagasaki", "Saigon",
-                                      "Manila",   "Singapore", "Batavia"};
     game::GameState& m_state;
     game::Random& m_random;
+    std::string transcript;
 
 private:
-    using Most = game::Currency (*)(const game::GameState&);
-    using Refuse = game::Refusal (*)(const game::GameState&, game::Currency);
-    using Apply = std::string (*)(game::GameState&, game::Currency);
+    static std::string_view text(std::string_view part) { return part; }
+    static std::string text(game::Currency part) { return plainText(part); }
+
+    template <class... Parts>
+    void line(const Parts&... parts) {
+        add(transcript.empty() ? "" : "\n", parts...);
+    }
+    bool answer() { return choose({"yes", "no"}) == 0; }
 
     template <bool overPaymentAllowed>
     static game::Refusal refuseToRepay(const game::GameState& state, game::Currency amount) {
         return refuseRepayment(state, amount, overPaymentAllowed);
     }
 
-    template <class Carry, class... FilledIn>
-    std::string carryOut(const game::Refusal& refusal, Carry carry, const FilledIn&... filledIn) {
+    std::string carryOut(const game::Refusal& refusal, auto carry, const auto&... filledIn) {
         return refusal ? std::string{*refusal} : joined(carry(m_state, filledIn...));
     }
     static std::string joined(std::string message) { return message; }
@@ -101,7 +166,7 @@ private:
         return std::accumulate(messages.begin(), messages.end(), std::string{});
     }
 
-    std::string pay(Most most, Refuse refuse, Apply apply) {
+    std::string pay(auto most, auto refuse, auto apply) {
         const game::Currency amount = game::MakeNumber(type(most(m_state)));
         return carryOut(refuse(m_state, amount), apply, amount);
     }
@@ -136,6 +201,9 @@ private:
         const game::TransferOrder order{load(game::Place::Ship), load(game::Place::Warehouse)};
         return carryOut(refuseTransfer(m_state, order), game::transfer, order);
     }
+
+    bool m_writes;
+    bool m_finished = false;  ///< the battle
 };
 
 }  // namespace test

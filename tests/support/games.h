@@ -1,13 +1,11 @@
 #pragma once
 
 #include <algorithm>
-#include <sstream>
-#include <stdexcept>
-#include <string>
 #include <string_view>
 #include <utility>
 
 #include "new_game.h"
+#include "scripted_random.h"
 
 namespace test {
 
@@ -76,15 +74,11 @@ inline bool setFigure(game::GameState& state, const std::string& figure) {
 /// 12,000, 1,100, 90 and 14, saved; then `figures`, as in "Date=1860-02-15 Cash=22.5". A figure
 /// that is unknown, wrong or without effect throws.
 inline game::GameState newGame(const std::string& figures = {}) {
-    game::Generator prices(0);
+    ScriptedRandom prices("8/21 7/21 5/21 10/21");
     game::GameState state;
     game::startGame(state, prices, game::Scenario::CashAndDebt, "Heron & Sons");
     state.gcurCash = 1'000;
     state.gcurDebt = 0;
-    state.gcurPOpium = 12'000;
-    state.gcurPSilk = 1'100;
-    state.gcurPArms = 90;
-    state.gcurPGeneral = 14;
     state.gblnGameSaved = true;
     std::istringstream words(figures);
     for (std::string figure; words >> figure;) {

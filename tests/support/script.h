@@ -1,10 +1,11 @@
 #pragma once
 
+#include <map>
+
 #include "arrival.h"
 #include "captain.h"
 #include "events.h"
 #include "games.h"
-#include "scripted_random.h"
 #include "standing.h"
 #include "visitors.h"
 
@@ -20,44 +21,49 @@ public:
     std::string play() {
         const std::string word = next();
         const auto order = std::ranges::find(orders(), word, &Deed::name);
-        const std::string outcome = order != orders().end() ? order->play(*this) : playPart(word);
-        if (const std::string left = rest(); !left.empty()) {
-            throw std::runtime_error("not used:" + left);
+        std::string outcome;
+        if (order != orders().end()) {
+            outcome = order->play(*this);
+        } else if (const auto part = parts().find(word); part != parts().end()) {
+            part->second(*this);
+        } else {
+            throw std::runtime_error("no deed: " + word);
         }
-        return transcript + outcome;
+        return rest().empty() ? transcript + outcome
+                              : throw std::runtime_error("not used:" + rest());
     }
 
 private:
-    /// A part of a voyage, or of what a window does on its own.
-    std::string playPart(std::string_view part) {
-        if (part == "arrive") {
-            game::arrive(m_state, m_random, *this, game::ports.at(choose(ports)));
-        } else if (part == "events") {
-            meetEvents(m_state, m_random, *this);
-        } else if (part == "visitors") {
-            receiveVisitors(m_state, m_random, *this);
-        } else if (part == "battle") {
-            showBattle();
-        } else if (part == "start") {
-            const std::size_t scenario = choose({"debt", "cannons"});
-            startGame(m_state, m_random, static_cast<game::Scenario>(scenario), "Heron");
-        } else if (part == "port") {
-            for (const game::Order order : game::orders) {
-                if (const auto allowed = allowedInPort(m_state, order)) {
-                    setOrderEnabled(order, *allowed);
-                }
+    /// Parts of a voyage, and what windows do on their own.
+    static const std::map<std::string, void (*)(Actor&)>& parts() {
+        using namespace game;
+        static const std::map<std::string, void (*)(Actor&)> all{
+            {"arrive", [](Actor& a) { arrive(a.m_state, a, a, a.choosePort()); }},
+            {"battle", [](Actor& a) { a.showBattle(); }},
+            {"events", [](Actor& a) { meetEvents(a.m_state, a, a); }},
+            {"port", [](Actor& a) { a.enablePortOrders(); }},
+            {"propose", [](Actor& a) { a.add(proposedPort(a, a.choosePort())); }},
+            {"standing", [](Actor& a) { a.takeStock(); }},
+            {"start", [](Actor& a) { a.startGame(); }},
+            {"visitors", [](Actor& a) { receiveVisitors(a.m_state, a, a); }},
+        };
+        return all;
+    }
+    void enablePortOrders() {
+        for (const game::Order order : game::orders) {
+            if (const auto allowed = allowedInPort(m_state, order)) {
+                setOrderEnabled(order, *allowed);
             }
-        } else if (part == "propose") {
-            add(proposedPort(m_random, game::ports.at(choose(ports))));
-        } else if (part == "standing") {
-            updateStanding(m_state);
-            add(millionaireNoticeDue(m_state) ? " millionaire" : "",
-                isTrillionaire(m_state) ? " trillionaire" : "",
-                isBankrupt(m_state) ? " bankrupt" : "");
-        } else {
-            throw std::runtime_error("no deed: " + std::string{part});
         }
-        return {};
+    }
+    void takeStock() {
+        updateStanding(m_state);
+        add(millionaireNoticeDue(m_state) ? " millionaire" : "",
+            isTrillionaire(m_state) ? " trillionaire" : "", isBankrupt(m_state) ? " bankrupt" : "");
+    }
+    void startGame() {
+        const auto scenario = static_cast<game::Scenario>(choose({"debt", "cannons"}));
+        game::startGame(m_state, *this, scenario, "Heron");
     }
 
     std::size_t choose(const Options& options) override {
@@ -82,7 +88,7 @@ private:
         }
         return word;
     }
-    bool leavesBattle() override { return atEnd(); }
+    bool leavesBattle() override { return rest().empty(); }
     void showBattle() override {
         add(" ", attackers(m_state));
         Captain::showBattle();
