@@ -1,7 +1,6 @@
 // Keys, clicks and assistive programs in the real windows, where it matters when something happens.
 
 #include "calendar.h"
-#include "frmPirate.h"
 #include "player.h"
 #include "qt_desktop.h"
 #include "scripted_random.h"
@@ -167,26 +166,6 @@ TEST_F(Keys, DoNothingDuringAVoyage) {
     EXPECT_EQ(seen.join(' '), "frmLeave");
     EXPECT_GE(waits, 25);
     EXPECT_EQ(game::monthsElapsed(mainForm.state().gdtmDate), 1);
-}
-
-TEST_F(Keys, GiveOneOrderAtATimeInABattle) {
-    mainForm.state().gcurSSilk = 5;
-    ui::frmPirate battle(mainForm);
-    QTimer::singleShot(0, &battle, [&battle] { battle.open(); });
-    play({[](QWidget& pirates) {
-              for (const char* order : {"cmdDump", "cmdDump", "cmdRun"}) {
-                  click(pirates, order);
-                  EXPECT_EQ(QApplication::activeModalWidget(), &pirates) << "inside the call";
-              }
-          },
-          [&battle](QWidget& question) {
-              click(battle, "cmdRun");
-              QCoreApplication::sendPostedEvents();
-              test::press(question.focusWidget(), {"Return"});
-          },
-          [](QWidget& pirates) { qobject_cast<QDialog*>(&pirates)->done(0); }});
-    EXPECT_EQ(seen.join(' '), "frmPirate msgBox frmPirate");
-    EXPECT_EQ(mainForm.state().gcurSSilk, 5);
 }
 
 }  // namespace

@@ -63,12 +63,13 @@ public:
         return QtDesktop::show(owner, box);
     }
     QString chooseFileToLoad(QWidget* /*owner*/) override {
-        const QString own = fileOf("own");
-        const QString made = writtenFile();
-        return m_file = any(QStringList{"", fileOf("none"), own, own, made, made});
+        if (dice(2) == 1) {
+            writeGame();
+        }
+        return any(QStringList{"", m_folder.path(), m_file, m_file, m_file, m_file});
     }
     QString chooseFileToSave(QWidget* /*owner*/) override {
-        return m_file = any(QStringList{"", m_folder.path(), fileOf("own"), fileOf("own")});
+        return any(QStringList{"", m_folder.path(), m_file, m_file});
     }
     void openLink(const QUrl& /*link*/) override { log("a link"); }
     void wait(game::Milliseconds duration) override {
@@ -150,8 +151,9 @@ private:
             return;
         }
         if (inBattle) {
-            const QString cannons = test::textOf(*test::find<QWidget>(*m_top, "txtCannons"));
-            expect(cannons == plain(m_now.gcurCannons), "cannons: " + cannons);
+            expect(test::textOf(*test::find<QWidget>(*m_top, "txtCannons")) ==
+                       plain(m_now.gcurCannons),
+                   "a wrong number of cannons");
         } else if (atRest) {
             const std::string wrong = test::wrongDisplays(m_mainForm, m_now);
             expect(wrong.empty(), fromRules(wrong));
@@ -235,11 +237,8 @@ private:
             }
         }
     }
-    QString fileOf(const QString& kind) const {
-        return m_folder.filePath(kind + QString::number(m_seed));
-    }
-    /// A file with a game shortly before something happens, or with an absurd one.
-    QString writtenFile() {
+    /// Writes a game shortly before something happens, or an absurd one.
+    void writeGame() {
         game::GameState state =
             test::newGame("MaxHold=460 Hold=50 SOpium=50 WOpium=10000 Payoff=11");
         const QString figure = any((m_absurd ? absurdities : turns).split('|'));
@@ -252,8 +251,7 @@ private:
                 }
             }
         });
-        ui::writeGameFile(fileOf("written"), state);
-        return fileOf("written");
+        ui::writeGameFile(m_file, state);
     }
     int dice(int sides) { return game::roll(m_dice, sides); }
     template <class List>
@@ -280,6 +278,7 @@ private:
 
     int m_seed;
     QDir m_folder;
+    QString m_file = m_folder.filePath("game" + QString::number(m_seed));
     std::ofstream m_log;
     game::Generator m_dice{static_cast<std::uint64_t>(m_seed) * 2 + 1};  ///< what the player does
     game::Generator m_chance{static_cast<std::uint64_t>(m_seed) * 2};    ///< what the game does
@@ -292,7 +291,6 @@ private:
     QWidget* m_top = &m_mainForm;  ///< the window on top
     QString m_title;               ///< of it
     ui::Box m_box;                 ///< asked for last
-    QString m_file;                ///< chosen last
     bool m_waiting = false;
 };
 
