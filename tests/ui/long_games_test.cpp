@@ -16,7 +16,7 @@ struct QuickDesktop final : ui::QtDesktop {
 struct LongGames : testing::Test {
     LongGames() {
         mainForm.show();
-        mainForm.state() = test::newGame("Cannons=5 Hold=50");
+        game::startGame(mainForm.state(), chance, game::Scenario::Cannons, "Heron");
         mainForm.beginGame(" - Welcome Captain");
         mainForm.UpdateMainForm();
         reachForDialogs();
