@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QtTest>
 #include <QtWidgets>
 
 using namespace std::chrono_literals;
@@ -24,17 +23,13 @@ TEST(Delay, HandlesWhatHappensMeanwhile) {
         ui::Delay(nothing);
         EXPECT_EQ(clicks, 0);
     }
-    ui::Delay(2ms);
-    EXPECT_EQ(clicks, 1);
-}
-
-TEST(Delay, EndsAfterOneThatBeginsMeanwhile) {
-    QStringList ended;
-    QTimer::singleShot(0, qApp, [&ended] {
+    // A delay that begins meanwhile ends before the one around it.
+    bool innerEnded = false;
+    QTimer::singleShot(0, qApp, [&innerEnded] {
         ui::Delay(20ms);
-        ended << "the inner one";
+        innerEnded = true;
     });
     ui::Delay(5ms);
-    ended << "the outer one";
-    EXPECT_EQ(ended, (QStringList{"the inner one", "the outer one"}));
+    EXPECT_TRUE(innerEnded);
+    EXPECT_EQ(clicks, 1);
 }

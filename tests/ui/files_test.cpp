@@ -45,9 +45,6 @@ struct GameFile : testing::Test {
         QFile opened(path);
         ASSERT_TRUE(opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size());
     }
-    QStringList files() const {
-        return QDir(folder.path()).entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks);
-    }
 };
 
 TEST_F(GameFile, KeepsAnyNameAndReadsAccentsOfOtherSystems) {
@@ -64,58 +61,49 @@ TEST_F(GameFile, KeepsAnyNameAndReadsAccentsOfOtherSystems) {
 }
 
 TEST_F(GameFile, FailureNamesItsReason) {
-    write(path("zero"), textOf(oldGame).replace("Heron", QByteArray("\0", 1)));
     write(path("huge"), QByteArray(100'000'000, '"'));
     write(path("ours"), textOf(oldGame));
     ASSERT_TRUE(QFile::resize(path("huge"), 4LL << 30) && QFile::link("loop", path("loop")) &&
                 QFile::link("pipe", path("link")) && mkfifo(qPrintable(path("pipe")), 0666) == 0 &&
                 chmod(qPrintable(path("ours")), 0666) == 0 && chmod(qPrintable(file), 0444) == 0 &&
                 chmod(qPrintable(folder.path()), 0555) == 0);  // only root can add files to it
-    enum class Act { Read, Write, WriteAsAnybody };
+    enum class Act { Read, Write };
     using enum Act;
     const std::tuple<Act, QString, std::string> cases[]{
-        {Read, "zero", "Not a saved game"},
         {Read, "huge", "Not a saved game"},
-        {Read, "gone", "No such file or directory"},
         {Read, ".", "Is a directory"},
         {Read, "pipe", "Not a regular file"},
-        {Read, "/dev/zero", "Not a regular file"},
         {Write, ".", "Is a directory"},
-        {Write, "pipe", "Not a regular file"},
         {Write, "link", "Not a regular file"},
         {Write, "loop", "Too many levels of symbolic links"},
-        {Write, "missing/game.zhb", "No such file or directory"},
-        {Write, QString(300, 'n'), "File name too long"},
-        {WriteAsAnybody, "new", "Permission denied"},
-        {WriteAsAnybody, "game.zhb", "Permission denied"},
-        {WriteAsAnybody, "ours", ""},
+        {Write, "new", "Permission denied"},
+        {Write, "game.zhb", "Permission denied"},
+        {Write, "ours", ""},
     };
+    ASSERT_TRUE(getuid() != 0 || seteuid(65'534) == 0);  // root may write anywhere
     for (const auto& [act, name, reason] : cases) {
-        EXPECT_EQ(getuid() == 0 && act == WriteAsAnybody ? seteuid(65'534) : 0, 0);
         EXPECT_EQ(failureOf(path(name), act == Read ? nullptr : &newGame), reason)
             << name.toStdString();
-        EXPECT_EQ(seteuid(getuid()), 0);
     }
+    ASSERT_EQ(seteuid(getuid()), 0);
     EXPECT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
     EXPECT_EQ(bytesOf(path("ours")), textOf(newGame));
     GameState broken = newGame;
     broken.gstrFirm = "two\nlines";
     EXPECT_EQ(failureOf(file, &broken), "The name of the firm cannot be saved");
     EXPECT_EQ(bytesOf(file), textOf(oldGame));
-    EXPECT_TRUE(QFileInfo(path("link")).isSymLink() && QFileInfo(path("loop")).isSymLink());
 }
 
 TEST_F(GameFile, WritingReplacesFilesBehindLinks) {
-    ASSERT_TRUE(QDir(folder.path()).mkpath("deep/deeper/deepest"));
-    write(path("deep/target"), textOf(oldGame));
-    ASSERT_TRUE(QFile::link("deeper/deepest", path("deep/shortcut")) &&
-                QFile::link("../../target", path("deep/deeper/deepest/second")) &&
-                QFile::link("deep/shortcut/second", path("first")) &&
+    ASSERT_TRUE(QDir(folder.path()).mkpath("deep/deeper") &&
+                QFile::link("deep/deeper", path("shortcut")) &&
+                QFile::link("../../game.zhb", path("deep/deeper/second")) &&
+                QFile::link("shortcut/second", path("first")) &&
                 QFile::link(path("not there yet"), path("dangling")));
-    QFile old(path("deep/target"));
+    QFile old(file);
     ASSERT_TRUE(old.open(QIODevice::ReadOnly));
     for (const auto& [link, target] :
-         {std::pair{"first", "deep/target"}, {"dangling", "not there yet"}}) {
+         {std::pair{"first", "game.zhb"}, {"dangling", "not there yet"}}) {
         ui::writeGameFile(path(link), newGame);
         EXPECT_TRUE(QFileInfo(path(link)).isSymLink() && !QFileInfo(path(target)).isSymLink());
         EXPECT_EQ(bytesOf(path(target)), textOf(newGame));
@@ -134,28 +122,44 @@ TEST_F(GameFile, StaysWholeWhereverWritingFails) {
         ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
         ASSERT_EQ(failure, "File too large");
         ASSERT_EQ(bytesOf(file), textOf(oldGame));
-        ASSERT_EQ(files(), QStringList{"game.zhb"});
+        ASSERT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).join(' '), "game.zhb");
     }
 }
 
-/// Plays the next dialog, which has to close.
-void inNextDialog(const std::function<void(QDialog&)>& play) {
-    QTimer::singleShot(0, qApp, [play] {
-        auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(dialog, nullptr) << "no dialog opened";
-        test::activate(*dialog);
-        play(*dialog);
-        EXPECT_TRUE(dialog->isHidden()) << "it is still open";
-        dialog->close();
-    });
-}
+/// The real file dialogs, with the boxes that follow them written down.
+struct Files final : ui::QtDesktop {
+    QStringList boxes;
+    ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
+        boxes << box.title;
+        return ui::Answer::Ok;
+    }
+};
 
-TEST_F(GameFile, DialogListsFilesAndKeepsNoHistory) {
-    write(path("no dot"), {});
-    qputenv("HOME", folder.path().toLocal8Bit());
-    QWidget owner;
-    ui::QtDesktop desktop;
-    inNextDialog([&](QDialog& dialog) {
+TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
+    ASSERT_TRUE(QDir(folder.path()).mkdir("deep"));
+    write(path("deep/no dot"), textOf(newGame));
+    write(path("deep/game.zhb"), {});
+    Files desktop;
+    game::Generator chance(1);
+    ui::frmMain mainForm(desktop, chance);
+    const auto inNextDialog = [](const std::function<void(QFileDialog&)>& play) {
+        QTimer::singleShot(0, qApp, [play] {
+            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+            ASSERT_NE(dialog, nullptr) << "no dialog opened";
+            test::activate(*dialog);
+            play(*dialog);
+            EXPECT_TRUE(dialog->isHidden()) << "it is still open";
+            dialog->close();
+        });
+    };
+    const auto confirm = [](QFileDialog& dialog, const QString& typed) {
+        auto* name = test::find<QLineEdit>(dialog, "fileNameEdit");
+        name->setText(typed);
+        test::press(name, {"Return"});
+    };
+    inNextDialog([&](QFileDialog& dialog) {
+        confirm(dialog, path("deep"));  // a folder is opened and not chosen
+        EXPECT_EQ(dialog.directory(), QDir(path("deep")));
         auto* filters = test::find<QComboBox>(dialog, "fileTypeCombo");
         const auto* view = test::find<QAbstractItemView>(dialog, "listView");
         for (const auto& [filter, listed] :
@@ -166,57 +170,22 @@ TEST_F(GameFile, DialogListsFilesAndKeepsNoHistory) {
             filters->setCurrentIndex(1);
             emit filters->activated(1);
         }
-        auto* name = test::find<QLineEdit>(dialog, "fileNameEdit");
-        name->setText("as typed");
-        test::press(name, {"Return"});
+        confirm(dialog, "no dot");
     });
-    EXPECT_EQ(desktop.chooseFileToSave(&owner), path("as typed"));
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
-              (QStringList{"game.zhb", "no dot"}))
-        << "not removed";
-}
-
-/// The real file dialogs, with the boxes that follow them written down.
-struct Files final : ui::QtDesktop {
-    QStringList boxes;
-    ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
-        boxes << box.title + '|' + box.text;
-        return ui::Answer::Ok;
-    }
-};
-
-TEST_F(GameFile, LoadsByAnyNameAndRemembersWhatWorked) {
-    ASSERT_TRUE(QDir(folder.path()).mkdir("deep"));
-    write(path("deep/plainname"), textOf(newGame));
-    qputenv("HOME", folder.path().toLocal8Bit());
-    Files desktop;
-    game::Generator chance(1);
-    ui::frmMain mainForm(desktop, chance);
-    const auto confirm = [](QDialog& dialog, const QString& typed) {
-        auto* name = test::find<QLineEdit>(dialog, "fileNameEdit");
-        name->setText(typed);
-        test::press(name, {"Return"});
-    };
-    inNextDialog([&](QDialog& dialog) {
-        confirm(dialog, "deep");
-        EXPECT_TRUE(dialog.isVisible()) << "a folder is opened and not chosen";
-        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir(path("deep")));
-        confirm(dialog, "nowhere");
-    });
-    ui::loadGame(mainForm);
-    EXPECT_EQ(desktop.boxes.join(' '), "No such file or directory|Error Opening File   ");
-    inNextDialog([&](QDialog& dialog) { confirm(dialog, "deep/plainname"); });
     ui::loadGame(mainForm);
     EXPECT_EQ(mainForm.state().gcurCash, newGame.gcurCash);
-    inNextDialog([&](QDialog& dialog) { confirm(dialog, "/proc/none.zhb"); });
+    inNextDialog([&](QFileDialog& dialog) { confirm(dialog, "nowhere"); });
+    ui::loadGame(mainForm);
+    inNextDialog([&](QFileDialog& dialog) { confirm(dialog, "/proc/none.zhb"); });
     ui::saveGame(mainForm);
-    EXPECT_EQ(desktop.boxes.size(), 2);
-    inNextDialog([&](QDialog& dialog) {
-        EXPECT_EQ(dynamic_cast<QFileDialog&>(dialog).directory(), QDir(path("deep")));
-        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "plainname");
-        QTest::keyClick(&dialog, Qt::Key_Escape);
+    EXPECT_EQ(desktop.boxes.size(), 2) << desktop.boxes.join('|').toStdString();
+    inNextDialog([&](QFileDialog& dialog) {
+        EXPECT_EQ(dialog.directory(), QDir(path("deep")));
+        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "no dot");
+        confirm(dialog, "as typed");
     });
     ui::saveGame(mainForm);
+    EXPECT_EQ(ui::readGameFile(path("deep/as typed")).gcurCash, newGame.gcurCash);
 }
 
 }  // namespace

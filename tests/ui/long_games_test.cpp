@@ -16,6 +16,9 @@ struct QuickDesktop final : ui::QtDesktop {
 struct LongGames : testing::Test {
     LongGames() {
         mainForm.show();
+        game::startGame(mainForm.state(), chance, game::Scenario::Cannons, "Heron");
+        mainForm.beginGame(" - Welcome Captain");
+        mainForm.UpdateMainForm();
         reachForDialogs();
     }
     void reachForDialogs() {
@@ -39,9 +42,6 @@ TEST_F(LongGames, MemoryStaysFlat) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "sanitizers keep what is freed";
 #endif
-    game::startGame(mainForm.state(), chance, game::Scenario::Cannons, "Heron");
-    mainForm.beginGame(" - Welcome Captain");
-    mainForm.UpdateMainForm();
     std::size_t early = 0;
     for (int voyage = 1; voyage <= 10'000; ++voyage) {
         const game::GameDate before = mainForm.state().gdtmDate;
@@ -51,7 +51,6 @@ TEST_F(LongGames, MemoryStaysFlat) {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         ASSERT_NE(mainForm.state().gdtmDate, before) << "no voyage";
-        ASSERT_LE(report->document()->characterCount(), 20'001) << voyage;
         ASSERT_LT(report->document()->blockCount(), 1'000) << "what a refresh has to go through";
         early = voyage == 100 ? mallinfo2().uordblks : early;
     }
@@ -59,7 +58,6 @@ TEST_F(LongGames, MemoryStaysFlat) {
 }
 
 TEST_F(LongGames, ReportKeepsItsLastEntries) {
-    mainForm.beginGame(" - Welcome Captain");
     const QString date = QString::fromStdString(game::dateText(mainForm.state().gdtmDate));
     QString expected = date + " - Welcome Captain";
     for (int entry = 0; entry < 300; ++entry) {
@@ -68,15 +66,14 @@ TEST_F(LongGames, ReportKeepsItsLastEntries) {
         expected = (expected + "\r\n" + date + " - " + QString(80, 'x')).right(20'000);
         ASSERT_EQ(report->toPlainText(), QString(expected).remove('\r'));
     }
-    for (const bool scrolledUp : {true, false}) {  // dots leave the reader of older entries alone
-        auto* bar = report->verticalScrollBar();
-        bar->setValue(scrolledUp ? 0 : bar->maximum());
-        mainForm.appendText(std::string(1'000, '.'));
-        EXPECT_EQ(bar->value(), scrolledUp ? 0 : bar->maximum());
-        bar->setValue(0);
-        mainForm.appendEntry(" - every entry is scrolled to");
-        EXPECT_EQ(bar->value(), bar->maximum());
-    }
+    auto* bar = report->verticalScrollBar();
+    mainForm.appendText(std::string(1'000, '.'));
+    EXPECT_EQ(bar->value(), bar->maximum());
+    bar->setValue(0);
+    mainForm.appendText(std::string(1'000, '.'));
+    EXPECT_EQ(bar->value(), 0) << "dots leave the reader of older entries alone";
+    mainForm.appendEntry(" - every entry is scrolled to");
+    EXPECT_EQ(bar->value(), bar->maximum());
 }
 
 }  // namespace
