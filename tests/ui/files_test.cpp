@@ -160,6 +160,7 @@ TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
     inNextDialog([&](QFileDialog& dialog) {
         confirm(dialog, path("deep"));  // a folder is opened and not chosen
         EXPECT_EQ(dialog.directory(), QDir(path("deep")));
+        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "");
         auto* filters = test::find<QComboBox>(dialog, "fileTypeCombo");
         const auto* view = test::find<QAbstractItemView>(dialog, "listView");
         for (const auto& [filter, listed] :

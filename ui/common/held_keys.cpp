@@ -27,14 +27,15 @@ public:
             m_released = key->timestamp();
             return false;
         }
-        return key->isAutoRepeat() || (m_inPairs && key->timestamp() == m_released);
+        const bool repeated = m_inPairs && key->timestamp() != 0 && key->timestamp() == m_released;
+        return key->isAutoRepeat() || repeated;
     }
 
 private:
     /// X11 repeats a key by a release and a press at the same time. On a busy machine the toolkit
     /// sees the two apart and takes the press for a new one.
     bool m_inPairs = QGuiApplication::platformName() == QStringLiteral("xcb");
-    quint64 m_released = 0;  ///< when one of the keys was, in milliseconds
+    quint64 m_released = 0;  ///< when one of the keys was, in milliseconds; events made here have 0
 };
 
 }  // namespace

@@ -2,7 +2,9 @@
 
 #include <QDesktopServices>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QGridLayout>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QUrl>
@@ -52,7 +54,35 @@ void makeRoomForTitle(QMessageBox& message) {
     }
 }
 
+/// Lists files without reading them, which takes forever for some in /proc.
+class PlainIcons final : public QFileIconProvider {
+public:
+    using QFileIconProvider::icon;
+    [[nodiscard]] QIcon icon(const QFileInfo& file) const override {
+        return icon(file.isDir() ? Folder : File);
+    }
+    [[nodiscard]] QString type(const QFileInfo& file) const override { return file.suffix(); }
+};
+
+/// Accepts any name. After a folder it clears the name, as dialogs do that accept only files that
+/// exist.
+class LoadDialog final : public QFileDialog {
+public:
+    using QFileDialog::QFileDialog;
+
+    void accept() override {
+        const QDir before = directory();
+        QFileDialog::accept();
+        if (auto* name = findChild<QLineEdit*>(); name != nullptr && directory() != before) {
+            name->clear();
+        }
+    }
+};
+
 }  // namespace
+
+QtDesktop::QtDesktop() = default;
+QtDesktop::~QtDesktop() = default;
 
 Answer QtDesktop::show(QWidget* owner, const Box& box) {
     QMessageBox message(owner);
@@ -77,7 +107,7 @@ Answer QtDesktop::show(QWidget* owner, const Box& box) {
 }
 
 QString QtDesktop::chooseFileToLoad(QWidget* owner) {
-    QFileDialog dialog(owner, QStringLiteral("Load Game"));
+    LoadDialog dialog(owner, QStringLiteral("Load Game"));
     dialog.setFileMode(QFileDialog::AnyFile);  // a name that the filter hides can be typed
     return chooseFile(dialog);
 }
@@ -88,7 +118,11 @@ QString QtDesktop::chooseFileToSave(QWidget* owner) {
     return chooseFile(dialog);
 }
 
-QString QtDesktop::chooseFile(QFileDialog& dialog) const {
+QString QtDesktop::chooseFile(QFileDialog& dialog) {
+    if (m_icons == nullptr) {
+        m_icons = std::make_unique<PlainIcons>();
+    }
+    dialog.setIconProvider(m_icons.get());
     dialog.setObjectName(QStringLiteral("dlgFile"));
     // The last brackets are the pattern, which is hidden: "All Files" includes names without a dot.
     dialog.setOption(QFileDialog::HideNameFilterDetails);

@@ -133,7 +133,7 @@ void frmPirate::closeEvent(QCloseEvent* event) {
         }
     };
     if (!m_commands->giveNow(ask)) {
-        ask();  // a volley or a run goes on meanwhile
+        ask();  // a volley or a run goes on after the answer
     }
 }
 

@@ -9,6 +9,7 @@
 #include "main_form.h"
 #include "standing.h"
 #include "text.h"
+#include "twips.h"
 
 namespace ui {
 
@@ -33,6 +34,7 @@ QString timeTrading(const game::GameDate& date) {
 }
 
 void addRow(QGridLayout* rows, QLabel* name, QLabel* value) {
+    rows->setHorizontalSpacing(pixels(300));
     const int row = rows->rowCount();
     nameControl(value, name->text() + u' ' + value->text());
     rows->addWidget(name, row, 0);

@@ -260,6 +260,8 @@ void frmMain::inform(std::string_view text, std::string_view title) {
 
 void frmMain::showBattle() {
     open<frmPirate>(*this);
+    // A box and the battle may close so fast that the window manager activates no window.
+    activateWindow();
 }
 
 void frmMain::previewStatus(game::Currency percent) {
