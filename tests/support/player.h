@@ -26,10 +26,10 @@ Control* find(const QWidget& window, const QString& name) {
 inline QList<QWidget*> controlsOf(const QWidget& window) {
     QList<QWidget*> controls;
     for (auto* control : window.findChildren<QWidget*>()) {
-        const QObject* parent = control->parent();
-        if (control->isVisibleTo(&window) && control->window() == &window &&
-            !parent->inherits("QAbstractScrollArea") && !parent->inherits("QComboBox") &&
-            !parent->inherits("QLineEdit") && !parent->inherits("QMenuBar")) {
+        const bool part = std::ranges::any_of(
+            std::array{"QAbstractScrollArea", "QComboBox", "QLineEdit", "QMenuBar"},
+            [&](const char* whole) { return control->parent()->inherits(whole); });
+        if (!part && control->isVisibleTo(&window) && control->window() == &window) {
             controls.append(control);
         }
     }
@@ -65,37 +65,36 @@ inline void press(QWidget* control, const QStringList& keys) {
 
 /// What the main window shows wrongly of a game in port, a line each.
 inline std::string wrongDisplays(const QMainWindow& mainForm, const game::GameState& state) {
-    using ui::fromRules, ui::plain;
+    using ui::fromRules, ui::money, ui::plain;
     const QWidget& house = *mainForm.centralWidget();
-    std::string wrong;
-    const auto check = [&](const QString& what, const QString& shown, const QString& wanted) {
-        wrong +=
-            shown == wanted ? "" : (what + " shows " + shown + ", not " + wanted).toStdString();
-    };
-    const auto checkDisplay = [&](const QString& name, const QString& wanted) {
-        check(name, textOf(*find<QWidget>(house, name)), wanted);
-    };
+    const QString firm = fromRules(state.gstrFirm).replace("&", "&&");
+    const QString hold = plain(state.gcurHold) + " of " + plain(state.gcurMaxHold);
+    QMap<QString, QString> wanted{
+        {"txtDate", fromRules(game::dateText(state.gdtmDate))},
+        {"prgStatus", plain(state.gcurStatus)},
+        {"prgHold", plain(state.gcurHold)},
+        {"fraStatus", "Ship's Status - " + plain(state.gcurStatus) + "% "},
+        {"fraHold", "Ship's Hold - " + hold + ' '},
+        {"fraPrices", "Prices at " + fromRules(state.gstrLocation) + ' '},
+        {"fraHouse", "House of " + firm + ", Hong Kong "}};
     eachMember([&](std::string_view member, auto figure) {  // displays are named after figures
         if constexpr (std::is_same_v<decltype(figure), game::Field>) {
             const QString name = "txt" + fromRules(member);
             if (house.findChild<QLineEdit*>(name) != nullptr) {
-                static const QRegularExpression money("txt(Cash|Debt|Bank|P)");
-                const auto text = name.contains(money) ? ui::money : plain;
-                checkDisplay(name, text(state.*figure));
+                static const QRegularExpression dollars("txt(Cash|Debt|Bank|P)");
+                wanted[name] = name.contains(dollars) ? money(state.*figure) : plain(state.*figure);
             }
         }
     });
-    checkDisplay("txtDate", fromRules(game::dateText(state.gdtmDate)));
-    checkDisplay("prgStatus", plain(state.gcurStatus));
-    checkDisplay("prgHold", plain(state.gcurHold));
-    checkDisplay("fraStatus", "Ship's Status - " + plain(state.gcurStatus) + "% ");
-    checkDisplay("fraHold", "Ship's Hold - " + plain(state.gcurHold) + " of " +
-                                plain(state.gcurMaxHold) + ' ');
-    checkDisplay("fraPrices", "Prices at " + fromRules(state.gstrLocation) + ' ');
-    checkDisplay("fraHouse",
-                 "House of " + fromRules(state.gstrFirm).replace("&", "&&") + ", Hong Kong ");
+    std::string wrong;
+    const auto check = [&](const QString& what, const QString& shown, const QString& right) {
+        wrong += shown == right ? "" : (what + " shows " + shown + ", not " + right).toStdString();
+    };
+    for (const auto& [name, text] : wanted.asKeyValueRange()) {
+        check(name, textOf(*find<QWidget>(house, name)), text);
+    }
     check("the title", mainForm.windowTitle(),
-          "Zhenbao - " + fromRules(state.gstrRank) + " [" + ui::money(state.gcurNetWorth) + "]");
+          "Zhenbao - " + fromRules(state.gstrRank) + " [" + money(state.gcurNetWorth) + "]");
     check("the end of prgHold", plain(find<QProgressBar>(house, "prgHold")->maximum()),
           plain(state.gcurMaxHold));
     game::GameState again = state;

@@ -91,24 +91,16 @@ public:
     ~Stage() override {
         SCOPED_TRACE(m_opening.toStdString());
         EXPECT_EQ(rest(), "") << "draws left over";
-        EXPECT_TRUE(!m_answer) << "an answer and no question";
-        EXPECT_EQ(m_file.toStdString(), "") << "a file that is not asked for";
     }
 
-    /// Does what a line says, each act after the first in the dialog that is on top by then, and
-    /// returns what it changes in the report, on the screen and in the record.
+    /// Does what a line says, each act in the window that is on top by then, and returns what it
+    /// changes in the report, in the record and on the screen.
     std::string act(const QString& line) {
-        const QString verb = line.section(' ', 0, 0);
-        const QString with = line.section(' ', 1);
         m_results.clear();
-        if (verb == "answer") {
-            m_answer = static_cast<ui::Answer>(indexOf(with, answers));
-        } else if (verb == "file") {
-            m_file = m_folder.filePath(with);
-        } else if (verb == "wait") {
-            m_meanwhile[with.section(' ', 0, 0).toInt()] = with.section(' ', 1);
-        } else if (line == "animations off") {
+        if (line == "animations off") {
             m_mainForm.setStyleSheet("* { widget-animation-duration: 0 }");
+        } else if (line.startsWith("wait ")) {
+            m_meanwhile[line.section(' ', 1, 1).toInt()] = line.section(' ', 2);
         } else {
             perform(line.split(" > "));
         }
@@ -119,27 +111,32 @@ private:
     static inline const QStringList answers{"Ok", "Yes", "No", "Cancel"};
     static inline const QStringList icons{"Information", "Question", "Exclamation", "Stop"};
 
-    static qsizetype indexOf(const QString& word, const QStringList& words) {
-        const qsizetype index = words.indexOf(word);
-        return index >= 0 ? index : throw std::runtime_error("no such word: " + word.toStdString());
+    /// What follows `verb` in the next act, if the next act is that.
+    std::optional<QString> next(const QString& verb) {
+        const bool is = !m_acts.isEmpty() && m_acts.front().startsWith(verb + ' ');
+        return is ? std::optional(m_acts.takeFirst().mid(verb.size() + 1)) : std::nullopt;
     }
-
     ui::Answer show(QWidget* owner, const ui::Box& box) override {
         QString text = '[' + box.title + "] " + box.text + '|' + icons.at(qsizetype(box.icon));
+        QStringList offered;
         for (const ui::Answer button : box.buttons) {
-            text += ' ' + answers.at(qsizetype(button)) + (button == box.byDefault ? "+" : "") +
+            offered << answers.at(qsizetype(button));
+            text += ' ' + offered.back() + (button == box.byDefault ? "+" : "") +
                     (button == box.onEscape ? "-" : "");
         }
         m_results << text;
         if (m_visit) {
             return QtDesktop::show(owner, box);
         }
-        const auto answer = std::exchange(m_answer, {}).value_or(box.buttons.front());
-        EXPECT_EQ(std::ranges::count(box.buttons, answer), 1) << "an answer that is not offered";
-        return answer;
+        const QString answer = next("answer").value_or(offered.front());
+        EXPECT_TRUE(offered.contains(answer)) << "no such answer: " << answer.toStdString();
+        return static_cast<ui::Answer>(answers.indexOf(answer));
     }
-    QString chooseFileToLoad(QWidget* /*owner*/) override { return std::exchange(m_file, ""); }
-    QString chooseFileToSave(QWidget* /*owner*/) override { return std::exchange(m_file, ""); }
+    QString chooseFileToLoad(QWidget* owner) override { return chooseFileToSave(owner); }
+    QString chooseFileToSave(QWidget* /*owner*/) override {  // none: the player cancels
+        const std::optional<QString> name = next("file");
+        return name ? m_folder.filePath(*name) : "";
+    }
     void openLink(const QUrl& link) override {
         m_results << "link " + link.toString(QUrl::FullyEncoded);
     }
@@ -154,22 +151,17 @@ private:
     [[noreturn]] void endProgram() override { throw End{}; }
 
     void perform(const QStringList& acts) {
-        m_waits = 0;
         m_acts = acts;
+        m_waits = 0;
         m_idleRounds = 0;
-        m_focused.clear();
-        if (m_window->isVisible()) {
-            activate(*m_window);
-        }
         QObject hand;
-        reachForDialogs(hand);
-        attempt([this] {
-            perform(*m_window, m_acts.takeFirst());
-            for (int round = 0; round < 3; ++round) {  // dialogs may open from the event loop
+        reachOut(hand);
+        attempt([] {
+            for (int round = 0; round < 30; ++round) {  // acts and dialogs come from the event loop
                 QCoreApplication::processEvents();
             }
         });
-        EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no dialog is open for this";
+        EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no window is open for this";
         EXPECT_EQ(std::exchange(m_meanwhile, {}).size(), 0) << "waits of this number do not come";
         addScreen(changes(std::exchange(m_record, m_game), m_game));
         if (m_mainForm.isVisible() && m_game.gblnActiveGame &&
@@ -177,21 +169,19 @@ private:
             EXPECT_EQ(wrongDisplays(m_mainForm, m_game), "");
         }
     }
-    /// Goes on with the acts in whatever dialog is on top, as long as `hand` lives.
-    void reachForDialogs(QObject& hand) {
+    /// Goes on with the acts in whatever window is on top, as long as `hand` lives.
+    void reachOut(QObject& hand) {
         const auto reach = [this, &hand] {
-            reachForDialogs(hand);  // first, since an act may open another dialog
-            auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-            if (top == nullptr) {
-                return;
-            }
+            reachOut(hand);  // first, since an act may open another window
+            QWidget* modal = QApplication::activeModalWidget();
+            QWidget* top = modal != nullptr ? modal : m_window;
             if (!top->isActiveWindow()) {
                 top->activateWindow();
             } else if (!m_acts.isEmpty()) {
                 attempt([&] { perform(*top, m_acts.takeFirst()); });
-            } else if (++m_idleRounds > 3) {
-                ADD_FAILURE() << top->objectName().toStdString() << " is still open";
-                top->done(0);
+            } else if (modal != nullptr && ++m_idleRounds > 3) {
+                ADD_FAILURE() << modal->objectName().toStdString() << " is still open";
+                dismiss();
             }
         };
         // Orders are carried out from the event loop, so the next act comes after one more event.
@@ -209,6 +199,9 @@ private:
         } catch (const std::exception& error) {
             ADD_FAILURE() << error.what();
         }
+        dismiss();
+    }
+    static void dismiss() {
         if (auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
             top->done(0);
         }
@@ -216,71 +209,62 @@ private:
 
     /// One act in `window`: a verb, mostly a control and sometimes more.
     void perform(QWidget& window, const QString& act) {
-        static const QMap<QString, void (Stage::*)(QWidget&, const QString&)> ofWindow{
-            {"choose", &Stage::choose}, {"close", &Stage::close}, {"visit", &Stage::visit}};
-        static const QMap<QString, void (Stage::*)(QWidget&, const QString&)> ofControl{
-            {"click", &Stage::click}, {"look", &Stage::look}, {"open", &Stage::open},
-            {"paste", &Stage::paste}, {"pick", &Stage::pick}, {"press", &Stage::pressKeys},
-            {"type", &Stage::type}};
         const QString verb = act.section(' ', 0, 0);
-        if (ofWindow.contains(verb)) {
-            return (this->*ofWindow[verb])(window, act.section(' ', 1));
+        const QString with = act.section(' ', 1);
+        if (verb == "choose") {
+            find<QAction>(m_mainForm, with)->trigger();
+        } else if (verb == "close") {
+            window.close();
+        } else if (verb == "visit") {
+            m_visit(window, with);
+        } else {
+            auto* control = find<QWidget>(window, with.section(' ', 0, 0));
+            if (verb == "look") {
+                m_results << control->objectName() + ' ' + shown(*control);
+            } else {
+                control->setFocus();
+                m_focused = control->objectName();
+                perform(*control, verb, with.section(' ', 1));
+            }
         }
-        if (!ofControl.contains(verb)) {
+    }
+    void perform(QWidget& control, const QString& verb, const QString& with) {
+        if (verb == "click") {
+            as<QAbstractButton>(control).click();
+        } else if (verb == "press") {
+            press(&control, with.split(' '));
+        } else if (verb == "type") {
+            QTest::keyClicks(&control, with);
+        } else if (verb == "paste") {  // by mouse
+            QGuiApplication::clipboard()->setText(QString(with).replace("\\n", "\n"));
+            auto* list = qobject_cast<QComboBox*>(&control);
+            (list != nullptr ? *list->lineEdit() : as<QLineEdit>(control)).paste();
+        } else if (verb == "pick" || verb == "open") {
+            auto& list = as<QComboBox>(control);
+            list.showPopup();
+            QStringList entries;
+            for (int row = 0; row < list.count(); ++row) {
+                entries << list.itemText(row);
+            }
+            if (verb == "open") {
+                m_results << entries.join(' ');
+            } else if (!entries.contains(with)) {
+                throw std::runtime_error("no such entry: " + with.toStdString());
+            }
+            list.view()->setCurrentIndex(list.model()->index(list.findText(with), 0));
+            QTest::keyClick(list.view(), verb == "pick" ? Qt::Key_Return : Qt::Key_Escape);
+        } else {
             throw std::runtime_error("no such verb: " + verb.toStdString());
         }
-        auto* control = find<QWidget>(window, act.section(' ', 1, 1));
-        if (verb != "look" && verb != "open") {
-            control->setFocus();
-            m_focused = control->objectName();
-        }
-        (this->*ofControl[verb])(*control, act.section(' ', 2));
     }
-    void choose(QWidget& /*window*/, const QString& item) {
-        find<QAction>(m_mainForm, item)->trigger();
-    }
-    void close(QWidget& window, const QString& /*nothing*/) { window.close(); }
-    void visit(QWidget& window, const QString& state) { m_visit(window, state); }
-
     template <class Kind>
     static Kind& as(QWidget& control) {
         auto* found = qobject_cast<Kind*>(&control);
         return found ? *found : throw std::runtime_error("a control of another kind");
     }
-    void click(QWidget& control, const QString& /*nothing*/) {
-        as<QAbstractButton>(control).click();
-    }
-    void look(QWidget& control, const QString& /*nothing*/) {
-        m_results << control.objectName() + ' ' + shown(control);
-    }
-    void open(QWidget& control, const QString& /*nothing*/) {
-        auto& list = as<QComboBox>(control);
-        list.showPopup();
-        QStringList entries;
-        for (int row = 0; row < list.count(); ++row) {
-            entries << list.itemText(row);
-        }
-        m_results << entries.join(' ');
-        QTest::keyClick(list.view(), Qt::Key_Escape);
-    }
-    void paste(QWidget& control, const QString& text) {
-        QGuiApplication::clipboard()->setText(QString(text).replace("\\n", "\n"));
-        auto* list = qobject_cast<QComboBox*>(&control);
-        (list != nullptr ? *list->lineEdit() : as<QLineEdit>(control)).paste();
-    }
-    void pick(QWidget& control, const QString& entry) {
-        auto& list = as<QComboBox>(control);
-        list.showPopup();
-        const int row = list.findText(entry);
-        list.view()->setCurrentIndex(list.model()->index(row, 0));
-        QTest::keyClick(list.view(), Qt::Key_Return);
-        EXPECT_GE(row, 0) << "no entry " << entry.toStdString();
-    }
-    void pressKeys(QWidget& control, const QString& keys) { press(&control, keys.split(' ')); }
-    void type(QWidget& control, const QString& text) { QTest::keyClicks(&control, text); }
 
-    /// What can be seen, by name: the main window's orders, all that its dialog shows, and what
-    /// neither the record nor another fact says.
+    /// What can be seen, by name: the orders that are enabled, what is locked in the dialog, its
+    /// displays, and what neither the record nor another fact says.
     QMap<QString, QString> screen() const {
         QMap<QString, QString> seen;
         const QWidget* modal = QApplication::activeModalWidget();
@@ -289,10 +273,14 @@ private:
             seen["orders"] += order->isEnabled() ? ' ' + order->objectName().mid(3) : "";
         }
         if (m_dialog != nullptr && m_dialog->isVisible()) {
-            for (auto* control :
-                 m_dialog->findChildren<QWidget*>(QRegularExpression("^[a-z]{3}[A-Z]"))) {
-                seen[control->objectName()] = shown(*control);
+            static const QRegularExpression named("^[a-z]{3}[A-Z]");
+            static const QRegularExpression display("^(txt|fra|img)");
+            for (const auto* control : m_dialog->findChildren<QWidget*>(named)) {
+                const QString name = control->objectName();
+                seen["locked"] += control->isEnabled() ? "" : ' ' + name;
+                seen[name] = name.contains(display) ? shown(*control) : "";
             }
+            seen["locked"] += seen["locked"].isEmpty() ? "nothing" : "";
             if (const auto* sea = m_dialog->findChild<QWidget*>("picShips")) {
                 seen["sea"] = sea->palette().color(QPalette::Window).name();
             }
@@ -333,12 +321,10 @@ private:
     QPlainTextEdit* m_report = find<QPlainTextEdit>(m_mainForm, "txtLog");
     std::unique_ptr<QDialog> m_dialog;
     QWidget* m_window = &m_mainForm;
-    std::optional<ui::Answer> m_answer;
-    QString m_file;                  ///< the next to load or to save; empty: the player cancels
     QMap<int, QString> m_meanwhile;  ///< what to do during which wait of the line
     int m_waits = 0;
     game::Milliseconds m_waited{0};
-    QStringList m_acts;    ///< of the line, still to come in the dialogs that it opens
+    QStringList m_acts;    ///< of the line, still to come
     int m_idleRounds = 0;  ///< of the event loop since the last of them, with a dialog still open
     QString m_focused;     ///< by the last act
     QMap<QString, QString> m_screen;
