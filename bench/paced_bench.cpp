@@ -9,6 +9,7 @@
 #include <ctime>
 #include <thread>
 
+#include "application.h"
 #include "delay.h"
 #include "frmPirate.h"
 #include "play.h"
@@ -95,6 +96,7 @@ void measureBattle(bench::Play& play) {
     play.dice.always.reset();
     const auto press = [&form](const char* order) {
         form.findChild<QPushButton*>(QString::fromLatin1(order))->click();
+        QCoreApplication::sendPostedEvents();  // orders are carried out from the event loop
     };
     measure("battle, one fair round", play, 1, [press] { press("cmdFight"); });
     measure("battle, to the death", play, 1, [press] { press("cmdDeath"); });
@@ -103,8 +105,7 @@ void measureBattle(bench::Play& play) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    QApplication::setCursorFlashTime(0);
+    const ui::Application application(argc, argv);
     bench::Play play;
     measurePassages(play);
     measureClicks(play.desktop);

@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QTimer>
 
+#include "application.h"
 #include "frmLeave.h"
 #include "play.h"
 #include "report.h"
@@ -42,6 +43,7 @@ public:
             form.state().gcurDebt = 0;
             ui::frmLeave leave{form};
             leave.findChild<QPushButton*>(QStringLiteral("cmdDepart"))->click();
+            QCoreApplication::sendPostedEvents();  // orders are carried out from the event loop
         }
         m_hand.stop();
     }
@@ -123,7 +125,7 @@ BENCHMARK(fullReportAfter)->Arg(100)->Arg(10'000)->Unit(benchmark::kMicrosecond)
 }  // namespace
 
 int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
+    const ui::Application application(argc, argv);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }
