@@ -237,8 +237,7 @@ void frmMain::setUnderWay(bool underWay) {
     m_menus->setOpen(!underWay);
     if (!underWay) {
         enableOrdersOfPort();
-        fraOrders->focusOrder(
-            game::Order::Leave);  // disabled orders lose the focus during the passage
+        fraOrders->focusOrder(game::Order::Leave);  // disabled orders had lost the focus
     }
 }
 
