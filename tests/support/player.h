@@ -52,16 +52,44 @@ inline void activate(QWidget& window) {
     EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
 }
 
-/// Presses keys such as "Ctrl+V" one after the other.
-inline void press(QWidget* control, const QStringList& keys) {
-    for (const QString& key : keys) {
-        const QKeyCombination combination = QKeySequence(key)[0];
-        if (combination.key() == 0 || combination.key() == Qt::Key_unknown) {
-            throw std::runtime_error("no such key: " + key.toStdString());
-        }
-        QTest::keyClick(control, combination.key(), combination.keyboardModifiers());
+inline QKeyCombination keyOf(const QString& name) {
+    const QKeyCombination key = QKeySequence(name)[0];
+    return key.key() != 0 && key.key() != Qt::Key_unknown
+               ? key
+               : throw std::runtime_error("no such key: " + name.toStdString());
+}
+
+/// Presses keys such as "Ctrl+V" one after the other, wherever the focus of `window` is by then.
+inline void press(QWidget& window, const QStringList& keys) {
+    for (const QString& name : keys) {
+        const QKeyCombination key = keyOf(name);
+        QWidget* popup = QApplication::activePopupWidget();
+        QWidget* top = popup != nullptr ? popup : &window;
+        QWidget* focus = top->focusWidget() != nullptr ? top->focusWidget() : top;
+        QTest::keyClick(focus, key.key(), key.keyboardModifiers());
     }
 }
+
+/// Acts in every event loop that runs while it lives, with the dialog on top or without one. An
+/// order is carried out from the event loop, so the next act comes an event later.
+class Hand final : QObject {
+public:
+    explicit Hand(std::function<void(QWidget* modal)> act) : m_act(std::move(act)) { reach(); }
+
+private:
+    void reach() {
+        const auto act = [this] {
+            reach();  // first, since an act may open a dialog
+            m_act(QApplication::activeModalWidget());
+        };
+        const auto afterOrder = [this, act] {
+            QMetaObject::invokeMethod(this, act, Qt::QueuedConnection);
+        };
+        QMetaObject::invokeMethod(this, afterOrder, Qt::QueuedConnection);
+    }
+
+    std::function<void(QWidget* modal)> m_act;
+};
 
 /// What the main window shows wrongly of a game in port, a line each.
 inline std::string wrongDisplays(const QMainWindow& mainForm, const game::GameState& state) {

@@ -55,20 +55,13 @@ class Stage final : ScriptedRandom, ui::QtDesktop {
 public:
     using Visitor = std::function<void(QWidget& window, const QString& state)>;
 
-    /// The window, the figures of its game and the draws to come. If there is a visitor, boxes open
-    /// as real dialogs.
+    /// The window, the figures of its game and the draws to come.
     explicit Stage(const QString& opening, Visitor visit = {})
         : ScriptedRandom(opening.section('|', 1).toStdString()),
           m_opening(opening),
           m_visit(std::move(visit)) {
         const QStringList words = opening.section('|', 0, 0).split(' ', Qt::SkipEmptyParts);
         const QString window = words.front();
-        const QTextDocument* report = m_report->document();
-        QObject::connect(report, &QTextDocument::contentsChange, m_report,
-                         [this, report](int at, int /*removed*/, int added) {
-                             const QString text = report->toPlainText().mid(at, added);
-                             m_news += (at == 0 && added > 0 ? "\n" : "") + text;
-                         });
         m_mainForm.show();
         if (window != "nothing") {
             m_game = newGame(words.mid(1).join(' ').toStdString());
@@ -84,8 +77,7 @@ public:
         }
         activate(*m_window);
         m_record = m_game;
-        m_news.clear();
-        m_screen = screen();
+        addScreen();
     }
 
     ~Stage() override {
@@ -108,29 +100,29 @@ public:
     }
 
 private:
-    static inline const QStringList answers{"Ok", "Yes", "No", "Cancel"};
-    static inline const QStringList icons{"Information", "Question", "Exclamation", "Stop"};
-
     /// What follows `verb` in the next act, if the next act is that.
     std::optional<QString> next(const QString& verb) {
         const bool is = !m_acts.isEmpty() && m_acts.front().startsWith(verb + ' ');
         return is ? std::optional(m_acts.takeFirst().mid(verb.size() + 1)) : std::nullopt;
     }
     ui::Answer show(QWidget* owner, const ui::Box& box) override {
-        QString text = '[' + box.title + "] " + box.text + '|' + icons.at(qsizetype(box.icon));
-        QStringList offered;
-        for (const ui::Answer button : box.buttons) {
-            offered << answers.at(qsizetype(button));
-            text += ' ' + offered.back() + (button == box.byDefault ? "+" : "") +
-                    (button == box.onEscape ? "-" : "");
+        using enum QMessageBox::StandardButton;
+        QString text = '[' + box.title + "] " + box.text + '|' +
+                       QMetaEnum::fromType<ui::Icon>().valueToKey(box.icon);
+        const std::optional<QString> wanted = next("answer");
+        ui::Answer answer = NoButton;
+        for (const auto& [name, button] :
+             {std::pair{"Ok", Ok}, {"Yes", Yes}, {"No", No}, {"Cancel", Cancel}}) {
+            if (box.buttons.testFlag(button)) {
+                text += QString(" ") + name + (button == box.byDefault ? "+" : "") +
+                        (button == box.onEscape ? "-" : "");
+                answer = (wanted ? *wanted == name : answer == NoButton) ? button : answer;
+            }
         }
+        EXPECT_NE(answer, NoButton) << "no such answer: " << wanted->toStdString();
         m_results << text;
-        if (m_visit) {
-            return QtDesktop::show(owner, box);
-        }
-        const QString answer = next("answer").value_or(offered.front());
-        EXPECT_TRUE(offered.contains(answer)) << "no such answer: " << answer.toStdString();
-        return static_cast<ui::Answer>(answers.indexOf(answer));
+        static const QRegularExpression inBox("^visit| msgBox");
+        return m_acts.value(0).contains(inBox) ? QtDesktop::show(owner, box) : answer;
     }
     QString chooseFileToLoad(QWidget* owner) override { return chooseFileToSave(owner); }
     QString chooseFileToSave(QWidget* /*owner*/) override {  // none: the player cancels
@@ -153,9 +145,18 @@ private:
     void perform(const QStringList& acts) {
         m_acts = acts;
         m_waits = 0;
-        m_idleRounds = 0;
-        QObject hand;
-        reachOut(hand);
+        int idleRounds = 0;  // since the last act, with a dialog still open
+        const Hand hand([&](QWidget* modal) {
+            QWidget* top = modal != nullptr ? modal : m_window;
+            if (!top->isActiveWindow()) {
+                top->activateWindow();
+            } else if (!m_acts.isEmpty()) {
+                attempt([&] { perform(*top, m_acts.takeFirst()); });
+            } else if (modal != nullptr && ++idleRounds > 3) {
+                ADD_FAILURE() << modal->objectName().toStdString() << " is still open";
+                dismiss();
+            }
+        });
         attempt([] {
             for (int round = 0; round < 30; ++round) {  // acts and dialogs come from the event loop
                 QCoreApplication::processEvents();
@@ -168,27 +169,6 @@ private:
             (m_dialog == nullptr || !m_dialog->isVisible())) {
             EXPECT_EQ(wrongDisplays(m_mainForm, m_game), "");
         }
-    }
-    /// Goes on with the acts in whatever window is on top, as long as `hand` lives.
-    void reachOut(QObject& hand) {
-        const auto reach = [this, &hand] {
-            reachOut(hand);  // first, since an act may open another window
-            QWidget* modal = QApplication::activeModalWidget();
-            QWidget* top = modal != nullptr ? modal : m_window;
-            if (!top->isActiveWindow()) {
-                top->activateWindow();
-            } else if (!m_acts.isEmpty()) {
-                attempt([&] { perform(*top, m_acts.takeFirst()); });
-            } else if (modal != nullptr && ++m_idleRounds > 3) {
-                ADD_FAILURE() << modal->objectName().toStdString() << " is still open";
-                dismiss();
-            }
-        };
-        // Orders are carried out from the event loop, so the next act comes after one more event.
-        const auto afterOrder = [&hand, reach] {
-            QMetaObject::invokeMethod(&hand, reach, Qt::QueuedConnection);
-        };
-        QMetaObject::invokeMethod(&hand, afterOrder, Qt::QueuedConnection);
     }
     /// The program may end with it, and with the program all dialogs.
     void attempt(const std::function<void()>& act) {
@@ -210,29 +190,34 @@ private:
     /// One act in `window`: a verb, mostly a control and sometimes more.
     void perform(QWidget& window, const QString& act) {
         const QString verb = act.section(' ', 0, 0);
-        const QString with = act.section(' ', 1);
+        const QString name = act.section(' ', 1, 1);
         if (verb == "choose") {
-            find<QAction>(m_mainForm, with)->trigger();
+            find<QAction>(m_mainForm, name)->trigger();
         } else if (verb == "close") {
             window.close();
         } else if (verb == "visit") {
-            m_visit(window, with);
+            m_visit(window, act.section(' ', 1));
+        } else if (verb == "look") {
+            m_results << name + ' ' + shown(*find<QWidget>(window, name));
+        } else if (name == window.objectName()) {
+            perform(*window.focusWidget(), verb, act.section(' ', 2));
         } else {
-            auto* control = find<QWidget>(window, with.section(' ', 0, 0));
-            if (verb == "look") {
-                m_results << control->objectName() + ' ' + shown(*control);
-            } else {
-                control->setFocus();
-                m_focused = control->objectName();
-                perform(*control, verb, with.section(' ', 1));
-            }
+            auto* control = find<QWidget>(window, name);
+            control->setFocus();
+            m_focused = name;
+            perform(*control, verb, act.section(' ', 2));
         }
     }
     void perform(QWidget& control, const QString& verb, const QString& with) {
         if (verb == "click") {
             as<QAbstractButton>(control).click();
         } else if (verb == "press") {
-            press(&control, with.split(' '));
+            press(*control.window(), with.split(' '));
+        } else if (verb == "hold") {
+            for (const QString& key : with.split(' ')) {
+                QKeyEvent repeated(QEvent::KeyPress, keyOf(key).key(), {}, {}, true);
+                QCoreApplication::sendEvent(&control, &repeated);
+            }
         } else if (verb == "type") {
             QTest::keyClicks(&control, with);
         } else if (verb == "paste") {  // by mouse
@@ -252,7 +237,7 @@ private:
                 throw std::runtime_error("no such entry: " + with.toStdString());
             }
             list.view()->setCurrentIndex(list.model()->index(list.findText(with), 0));
-            QTest::keyClick(list.view(), verb == "pick" ? Qt::Key_Return : Qt::Key_Escape);
+            press(*list.window(), {verb == "pick" ? "Return" : "Esc"});
         } else {
             throw std::runtime_error("no such verb: " + verb.toStdString());
         }
@@ -300,7 +285,9 @@ private:
     /// screen. The focus counts only where an act has not put it.
     void addScreen(const std::string& changes = {}) {
         static const QRegularExpression date("[A-Z][a-z]{2} \\d\\d, \\d{4}(?= - )");
-        m_results += std::exchange(m_news, {}).remove(date).split('\n', Qt::SkipEmptyParts);
+        const QString old = std::exchange(m_text, m_report->toPlainText());
+        QString news = m_text.startsWith(old) ? m_text.mid(old.size()) : m_text;
+        m_results += news.remove(date).split('\n', Qt::SkipEmptyParts);
         const QMap<QString, QString> before = std::exchange(m_screen, screen());
         QString facts;
         for (const auto& [name, now] : m_screen.asKeyValueRange()) {
@@ -324,11 +311,10 @@ private:
     QMap<int, QString> m_meanwhile;  ///< what to do during which wait of the line
     int m_waits = 0;
     game::Milliseconds m_waited{0};
-    QStringList m_acts;    ///< of the line, still to come
-    int m_idleRounds = 0;  ///< of the event loop since the last of them, with a dialog still open
-    QString m_focused;     ///< by the last act
+    QStringList m_acts;  ///< of the line, still to come
+    QString m_focused;   ///< by the last act
     QMap<QString, QString> m_screen;
-    QString m_news;  ///< inserted into the report since it was looked at last
+    QString m_text;  ///< of the report, when it was looked at last
     QStringList m_results;
 };
 

@@ -11,39 +11,33 @@
 
 namespace {
 
-using game::GameState;
-
-QByteArray textOf(const GameState& state) {
-    return QByteArray::fromStdString(game::writeSavedGame(state));
-}
-
-/// Why a file could not be read or, if a game is given, written; empty on success.
-std::string failureOf(const QString& path, const GameState* state = nullptr) {
+/// The cash of the game that a file holds, or why it cannot be read.
+std::string cashIn(const QString& path) {
     try {
-        state != nullptr ? ui::writeGameFile(path, *state) : (void)ui::readGameFile(path);
+        return plainText(ui::readGameFile(path).gcurCash);
     } catch (const ui::FileError& error) {
         return error.description.toStdString();
     }
-    return {};
 }
 
-/// A folder with a saved game in it, and a game that has gone on since.
+/// A folder with a saved game of $1,000 in it, and a game that has gone on to $12,345.
 struct GameFile : testing::Test {
     QTemporaryDir folder;
-    const GameState oldGame = test::newGame();
-    const GameState newGame = test::newGame("Cash=12345");
+    game::GameState newGame = test::newGame("Cash=12345");
     const QString file = path("game.zhb");
 
-    GameFile() { write(file, textOf(oldGame)); }
+    GameFile() { ui::writeGameFile(file, test::newGame()); }
 
     QString path(const QString& name) const { return QDir(folder.path()).absoluteFilePath(name); }
-    static QByteArray bytesOf(const QString& path) {
-        QFile opened(path);
-        return opened.open(QIODevice::ReadOnly) ? opened.readAll() : QByteArray{"unreadable"};
-    }
-    static void write(const QString& path, const QByteArray& bytes) {
-        QFile opened(path);
-        ASSERT_TRUE(opened.open(QIODevice::WriteOnly) && opened.write(bytes) == bytes.size());
+
+    /// Empty, or why the new game could not be written.
+    std::string failureOfWriting(const QString& name) const {
+        try {
+            ui::writeGameFile(path(name), newGame);
+        } catch (const ui::FileError& error) {
+            return error.description.toStdString();
+        }
+        return {};
     }
 };
 
@@ -51,47 +45,42 @@ TEST_F(GameFile, KeepsAnyNameAndReadsAccentsOfOtherSystems) {
     for (const auto& firm :
          {std::string{"\uFEFFH\u00E9l\u00E8ne & \u4E2D"}, std::string{"two\u2028lines\u2029\r\x01"},
           std::string(10'000'000, 'W')}) {
-        GameState named = oldGame;
-        named.gstrFirm = firm;
-        ui::writeGameFile(file, named);
+        newGame.gstrFirm = firm;
+        ui::writeGameFile(file, newGame);
         EXPECT_EQ(ui::readGameFile(file).gstrFirm, firm);
     }
-    write(file, textOf(oldGame).replace("Heron", "H\xE9ron \x80\x97"));
-    EXPECT_EQ(ui::readGameFile(file).gstrFirm, "H\u00E9ron \u20AC\u2014 & Sons");
+    newGame.gstrFirm = "H\xE9ron \x80\x97";
+    std::ofstream{file.toStdString()} << game::writeSavedGame(newGame);
+    EXPECT_EQ(ui::readGameFile(file).gstrFirm, "H\u00E9ron \u20AC\u2014");
 }
 
 TEST_F(GameFile, FailureNamesItsReason) {
-    write(path("huge"), QByteArray(100'000'000, '"'));
-    write(path("ours"), textOf(oldGame));
-    ASSERT_TRUE(QFile::resize(path("huge"), 4LL << 30) && QFile::link("loop", path("loop")) &&
-                QFile::link("pipe", path("link")) && mkfifo(qPrintable(path("pipe")), 0666) == 0 &&
-                chmod(qPrintable(path("ours")), 0666) == 0 && chmod(qPrintable(file), 0444) == 0 &&
-                chmod(qPrintable(folder.path()), 0555) == 0);  // only root can add files to it
-    enum class Act { Read, Write };
-    using enum Act;
-    const std::tuple<Act, QString, std::string> cases[]{
-        {Read, "huge", "Not a saved game"},
-        {Read, ".", "Is a directory"},
-        {Read, "pipe", "Not a regular file"},
-        {Write, ".", "Is a directory"},
-        {Write, "link", "Not a regular file"},
-        {Write, "loop", "Too many levels of symbolic links"},
-        {Write, "new", "Permission denied"},
-        {Write, "game.zhb", "Permission denied"},
-        {Write, "ours", ""},
+    const auto allow = [this](const QString& name, mode_t rights) {
+        ASSERT_EQ(chmod(qPrintable(path(name)), rights), 0);
     };
+    ui::writeGameFile(path("ours"), test::newGame());
+    std::ofstream{path("huge").toStdString()} << std::string(100'000'000, '"');
+    ASSERT_TRUE(QFile::resize(path("huge"), 4LL << 30) && QFile::link("loop", path("loop")) &&
+                QFile::link("pipe", path("link")) && mkfifo(qPrintable(path("pipe")), 0666) == 0);
+    allow("ours", 0666);
+    allow("game.zhb", 0444);
+    allow(".", 0555);
     ASSERT_TRUE(getuid() != 0 || seteuid(65'534) == 0);  // root may write anywhere
-    for (const auto& [act, name, reason] : cases) {
-        EXPECT_EQ(failureOf(path(name), act == Read ? nullptr : &newGame), reason)
-            << name.toStdString();
-    }
+    EXPECT_EQ(cashIn(path("huge")), "Not a saved game");
+    EXPECT_EQ(cashIn(path(".")), "Is a directory");
+    EXPECT_EQ(cashIn(path("pipe")), "Not a regular file");
+    EXPECT_EQ(failureOfWriting("."), "Is a directory");
+    EXPECT_EQ(failureOfWriting("link"), "Not a regular file");
+    EXPECT_EQ(failureOfWriting("loop"), "Too many levels of symbolic links");
+    EXPECT_EQ(failureOfWriting("new"), "Permission denied");
+    EXPECT_EQ(failureOfWriting("game.zhb"), "Permission denied");
+    EXPECT_EQ(failureOfWriting("ours"), "") << "it can be written over, but not replaced";
     ASSERT_EQ(seteuid(getuid()), 0);
-    EXPECT_EQ(chmod(qPrintable(folder.path()), 0755), 0);
-    EXPECT_EQ(bytesOf(path("ours")), textOf(newGame));
-    GameState broken = newGame;
-    broken.gstrFirm = "two\nlines";
-    EXPECT_EQ(failureOf(file, &broken), "The name of the firm cannot be saved");
-    EXPECT_EQ(bytesOf(file), textOf(oldGame));
+    allow(".", 0755);
+    EXPECT_EQ(cashIn(path("ours")), "12345");
+    newGame.gstrFirm = "two\nlines";
+    EXPECT_EQ(failureOfWriting("game.zhb"), "The name of the firm cannot be saved");
+    EXPECT_EQ(cashIn(file), "1000");
 }
 
 TEST_F(GameFile, WritingReplacesFilesBehindLinks) {
@@ -100,49 +89,50 @@ TEST_F(GameFile, WritingReplacesFilesBehindLinks) {
                 QFile::link("../../game.zhb", path("deep/deeper/second")) &&
                 QFile::link("shortcut/second", path("first")) &&
                 QFile::link(path("not there yet"), path("dangling")));
-    QFile old(file);
-    ASSERT_TRUE(old.open(QIODevice::ReadOnly));
+    std::ifstream old{file.toStdString()};
     for (const auto& [link, target] :
          {std::pair{"first", "game.zhb"}, {"dangling", "not there yet"}}) {
-        ui::writeGameFile(path(link), newGame);
+        EXPECT_EQ(failureOfWriting(link), "");
         EXPECT_TRUE(QFileInfo(path(link)).isSymLink() && !QFileInfo(path(target)).isSymLink());
-        EXPECT_EQ(bytesOf(path(target)), textOf(newGame));
+        EXPECT_EQ(cashIn(path(target)), "12345");
     }
-    EXPECT_EQ(old.readAll(), textOf(oldGame)) << "written over, not replaced";
+    std::ostringstream text;
+    text << old.rdbuf();
+    EXPECT_EQ(text.str(), game::writeSavedGame(test::newGame())) << "written over, not replaced";
 }
 
 TEST_F(GameFile, StaysWholeWhereverWritingFails) {
     std::signal(SIGXFSZ, SIG_IGN);
     rlimit before{};
     ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-    for (qsizetype room = 0; room < textOf(newGame).size(); ++room) {
-        const rlimit limit{static_cast<rlim_t>(room), before.rlim_max};
+    for (rlim_t room = 0; room < game::writeSavedGame(newGame).size(); ++room) {
+        const rlimit limit{room, before.rlim_max};
         ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &limit), 0);
-        const std::string failure = failureOf(file, &newGame);
+        const std::string failure = failureOfWriting("game.zhb");
         ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &before), 0);
         ASSERT_EQ(failure, "File too large");
-        ASSERT_EQ(bytesOf(file), textOf(oldGame));
+        ASSERT_EQ(cashIn(file), "1000");
         ASSERT_EQ(QDir(folder.path()).entryList(QDir::Files | QDir::Hidden).join(' '), "game.zhb");
     }
 }
 
 /// The real file dialogs, with the boxes that follow them written down.
 struct Files final : ui::QtDesktop {
-    QStringList boxes;
+    QString boxes;
     ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
-        boxes << box.title;
+        boxes += box.text;
         return ui::Answer::Ok;
     }
 };
 
 TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
     ASSERT_TRUE(QDir(folder.path()).mkdir("deep"));
-    write(path("deep/no dot"), textOf(newGame));
-    write(path("deep/game.zhb"), {});
+    ui::writeGameFile(path("deep/no dot"), newGame);
+    ui::writeGameFile(path("deep/game.zhb"), newGame);
     Files desktop;
     game::Generator chance(1);
     ui::frmMain mainForm(desktop, chance);
-    const auto inNextDialog = [](const std::function<void(QFileDialog&)>& play) {
+    const auto inDialogOf = [&](auto command, const std::function<void(QFileDialog&)>& play) {
         QTimer::singleShot(0, qApp, [play] {
             auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
             ASSERT_NE(dialog, nullptr) << "no dialog opened";
@@ -151,16 +141,20 @@ TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
             EXPECT_TRUE(dialog->isHidden()) << "it is still open";
             dialog->close();
         });
+        command(mainForm);
     };
-    const auto confirm = [](QFileDialog& dialog, const QString& typed) {
-        auto* name = test::find<QLineEdit>(dialog, "fileNameEdit");
-        name->setText(typed);
-        test::press(name, {"Return"});
+    const auto nameIn = [](const QFileDialog& dialog) {
+        return test::find<QLineEdit>(dialog, "fileNameEdit");
     };
-    inNextDialog([&](QFileDialog& dialog) {
+    const auto confirm = [&nameIn](QFileDialog& dialog, const QString& typed) {
+        nameIn(dialog)->setText(typed);
+        nameIn(dialog)->setFocus();
+        test::press(dialog, {"Return"});
+    };
+    inDialogOf(ui::loadGame, [&](QFileDialog& dialog) {
         confirm(dialog, path("deep"));  // a folder is opened and not chosen
         EXPECT_EQ(dialog.directory(), QDir(path("deep")));
-        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "");
+        EXPECT_EQ(nameIn(dialog)->text(), "");
         auto* filters = test::find<QComboBox>(dialog, "fileTypeCombo");
         const auto* view = test::find<QAbstractItemView>(dialog, "listView");
         for (const auto& [filter, listed] :
@@ -173,20 +167,16 @@ TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
         }
         confirm(dialog, "no dot");
     });
-    ui::loadGame(mainForm);
-    EXPECT_EQ(mainForm.state().gcurCash, newGame.gcurCash);
-    inNextDialog([&](QFileDialog& dialog) { confirm(dialog, "nowhere"); });
-    ui::loadGame(mainForm);
-    inNextDialog([&](QFileDialog& dialog) { confirm(dialog, "/proc/none.zhb"); });
-    ui::saveGame(mainForm);
-    EXPECT_EQ(desktop.boxes.size(), 2) << desktop.boxes.join('|').toStdString();
-    inNextDialog([&](QFileDialog& dialog) {
+    EXPECT_EQ(mainForm.state().gcurCash, 12'345);
+    inDialogOf(ui::loadGame, [&](QFileDialog& dialog) { confirm(dialog, "nowhere"); });
+    inDialogOf(ui::saveGame, [&](QFileDialog& dialog) { confirm(dialog, "/proc/none.zhb"); });
+    EXPECT_EQ(desktop.boxes, "Error Opening File   Error Saving File   ");
+    inDialogOf(ui::saveGame, [&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory(), QDir(path("deep")));
-        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), "no dot");
+        EXPECT_EQ(nameIn(dialog)->text(), "no dot");
         confirm(dialog, "as typed");
     });
-    ui::saveGame(mainForm);
-    EXPECT_EQ(ui::readGameFile(path("deep/as typed")).gcurCash, newGame.gcurCash);
+    EXPECT_EQ(cashIn(path("deep/as typed")), "12345");
 }
 
 }  // namespace

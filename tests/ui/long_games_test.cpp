@@ -19,29 +19,24 @@ struct LongGames : testing::Test {
         game::startGame(mainForm.state(), chance, game::Scenario::Cannons, "Heron");
         mainForm.beginGame(" - Welcome Captain");
         mainForm.UpdateMainForm();
-        reachForDialogs();
-    }
-    void reachForDialogs() {
-        QTimer::singleShot(0, &hand, [this] {
-            reachForDialogs();
-            if (auto* top = QApplication::activeModalWidget(); top != nullptr) {
-                auto* run = top->findChild<QPushButton*>("cmdRun");
-                run != nullptr ? run->click() : test::press(top->focusWidget(), {"Return"});
-            }
-        });
     }
 
     QuickDesktop desktop;
     game::Generator chance{1'860};
     ui::frmMain mainForm{desktop, chance};
     QPlainTextEdit* report = test::find<QPlainTextEdit>(mainForm, "txtLog");
-    QObject hand;
 };
 
 TEST_F(LongGames, MemoryStaysFlat) {
 #ifdef __SANITIZE_ADDRESS__
     GTEST_SKIP() << "sanitizers keep what is freed";
 #endif
+    const test::Hand hand([](QWidget* dialog) {
+        if (dialog != nullptr) {
+            auto* run = dialog->findChild<QPushButton*>("cmdRun");
+            run != nullptr ? run->click() : test::press(*dialog, {"Return"});
+        }
+    });
     std::size_t early = 0;
     for (int voyage = 1; voyage <= 10'000; ++voyage) {
         const game::GameDate before = mainForm.state().gdtmDate;
@@ -58,12 +53,11 @@ TEST_F(LongGames, MemoryStaysFlat) {
 }
 
 TEST_F(LongGames, ReportKeepsItsLastEntries) {
-    const QString date = QString::fromStdString(game::dateText(mainForm.state().gdtmDate));
-    QString expected = date + " - Welcome Captain";
+    QString expected = report->toPlainText();
     for (int entry = 0; entry < 300; ++entry) {
         mainForm.appendEntry(" - " + std::string(80, 'x'));
         mainForm.UpdateMainForm();
-        expected = (expected + "\r\n" + date + " - " + QString(80, 'x')).right(20'000);
+        expected = (expected + "\r\nJan 15, 1860 - " + QString(80, 'x')).right(20'000);
         ASSERT_EQ(report->toPlainText(), QString(expected).remove('\r'));
     }
     auto* bar = report->verticalScrollBar();

@@ -18,7 +18,7 @@
 
 namespace {
 
-using ui::fromRules, ui::plain;
+using ui::fromRules;
 
 /// What has to come up in 200 games.
 const QString occasions =
@@ -37,21 +37,25 @@ const QString absurdities =
 const QString amounts =
     "0|-5|1000|1000000000|100000000000000|0.0001|922337203685477.5807|-922337203685477.5808";
 
-class Player final : public QObject, public ui::QtDesktop {
+const QRegularExpression usualControls(
+    "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Start|Retire|Cannon|Ship|OK)$|HongKong|"
+    "Withdraw");
+const QString keysInPort = "Ctrl+N Ctrl+S Ctrl+L Ctrl+L Ctrl+L Alt+F Alt+O Alt+H";
+const QString keysInDialogs = "9 Ctrl+V Return Return Esc close";
+const QString anyKeys =
+    "close Ctrl+N Ctrl+L Ctrl+S F1 Alt+F Alt+O Alt+H Ctrl+A Ctrl+Z F4 F10 Alt+Down Alt+Up Esc "
+    "Return Enter Tab Backtab Space Left Right Up Down PgUp PgDown Home End Del Backspace 7 0 X & "
+    "- $ Ctrl+V Ctrl+V Ctrl+V";
+
+class Player final : public ui::QtDesktop {
 public:
     Player(int seed, const QDir& folder)
         : m_seed(seed),
           m_folder(folder),
-          m_log(folder.filePath(QString::number(getpid())).toStdString()) {
-        const auto* report = test::find<QPlainTextEdit>(m_mainForm, "txtLog")->document();
-        connect(report, &QTextDocument::contentsChange, this, [=, this](int at, int, int added) {
-            read(report->toPlainText().mid(at, added).trimmed().mid(15));
-        });
-    }
+          m_log(folder.filePath(QString::number(getpid())).toStdString()) {}
     [[noreturn]] void play() {
-        log("ZHENBAO_SEED=" + QString::number(m_seed));
         m_mainForm.show();
-        wake();
+        const test::Hand hand([this](QWidget* modal) { step(modal); });
         QApplication::exec();
         end("the window closed");
     }
@@ -62,14 +66,15 @@ public:
         m_box = box;
         return QtDesktop::show(owner, box);
     }
-    QString chooseFileToLoad(QWidget* /*owner*/) override {
+    QString chooseFileToLoad(QWidget* owner) override {
+        logReport();
         if (dice(2) == 1) {
             writeGame();
         }
-        return any(QStringList{"", m_folder.path(), m_file, m_file, m_file, m_file});
+        return chooseFileToSave(owner);
     }
     QString chooseFileToSave(QWidget* /*owner*/) override {
-        return any(QStringList{"", m_folder.path(), m_file, m_file});
+        return any(QStringList{"", m_folder.path(), m_file, m_file, m_file, m_file});
     }
     void openLink(const QUrl& /*link*/) override { log("a link"); }
     void wait(game::Milliseconds duration) override {
@@ -81,23 +86,14 @@ public:
     [[noreturn]] void endProgram() override { end("the program ends"); }
 
 private:
-    /// Usually after an order just given, which takes an event of the loop as well.
-    void wake() {
-        const auto stir = [this] {
-            QMetaObject::invokeMethod(this, &Player::step,
-                                      dice(4) == 1 ? Qt::DirectConnection : Qt::QueuedConnection);
-        };
-        QMetaObject::invokeMethod(this, stir, Qt::QueuedConnection);
-    }
-    void step() {
-        wake();  // first, since an act may open a window
-        QWidget* modal = QApplication::activeModalWidget();
+    void step(QWidget* modal) {
         m_top = modal != nullptr ? modal : &m_mainForm;
         m_title = m_top->objectName() + ' ' + m_top->windowTitle();
         if (!m_mainForm.isVisible()) {
             return;  // the program is about to end
         }
-        const bool atRest = modal == nullptr && !m_waiting && thread()->loopLevel() == 1;
+        const bool atRest =
+            modal == nullptr && !m_waiting && QThread::currentThread()->loopLevel() == 1;
         const bool inMenu = QApplication::activePopupWidget() != nullptr ||
                             qobject_cast<QMenuBar*>(m_top->focusWidget()) != nullptr;
         // The loop of a dialog that has closed may still be busy with its last events.
@@ -121,19 +117,11 @@ private:
 
     // --- Looking.
     void look(const QMessageBox& box) {
-        static const QList icons{QMessageBox::Information, QMessageBox::Question,
-                                 QMessageBox::Warning, QMessageBox::Critical};
-        static const QList buttons{QMessageBox::Ok, QMessageBox::Yes, QMessageBox::No,
-                                   QMessageBox::Cancel};
-        const auto button = [&box](ui::Answer answer) {
-            return box.button(buttons.at(qsizetype(answer)));
-        };
         expect(box.text() == m_box.text && box.windowTitle() == m_box.title &&
-                   box.icon() == icons.at(qsizetype(m_box.icon)) &&
-                   box.textFormat() == Qt::PlainText &&
-                   std::ranges::all_of(m_box.buttons, button) &&
-                   box.defaultButton() == button(m_box.byDefault) &&
-                   box.escapeButton() == button(m_box.onEscape),
+                   box.icon() == m_box.icon && box.textFormat() == Qt::PlainText &&
+                   box.standardButtons() == m_box.buttons &&
+                   box.defaultButton() == box.button(m_box.byDefault) &&
+                   box.escapeButton() == box.button(m_box.onEscape),
                "not the box that was asked for");
     }
     void look(bool atRest) {
@@ -147,21 +135,12 @@ private:
         }
         if (m_top->objectName() == "frmPirate") {
             expect(test::textOf(*test::find<QWidget>(*m_top, "txtCannons")) ==
-                       plain(m_now.gcurCannons),
+                       ui::plain(m_now.gcurCannons),
                    "a wrong number of cannons");
         } else if (atRest) {
             const std::string wrong = test::wrongDisplays(m_mainForm, m_now);
             expect(wrong.empty(), fromRules(wrong));
             expect(!game::millionaireNoticeDue(m_now), "a fortune without a notice");
-        }
-    }
-    /// A part of the report that is new, without its date: an entry, or a dot.
-    void read(const QString& entry) {
-        log(entry);
-        if (entry.startsWith("Game ")) {
-            const std::string changes = test::changes(ui::readGameFile(m_file), m_now);
-            expect(changes.starts_with(" Active=yes Saved=yes"),
-                   "the file differs:" + fromRules(changes));
         }
     }
 
@@ -175,31 +154,19 @@ private:
         });
         return all;
     }
+    /// Nonsense also uses what is disabled or hidden.
     void act(bool nonsense) {
-        static const QRegularExpression usual(
-            "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Start|Retire|Cannon|Ship|OK)$|HongKong|"
-            "Withdraw");
         QGuiApplication::clipboard()->setText(
             any(QStringList{"0", "7", "99999999999999999999", "-5", "x", "$1,2 3", "3.5", "\"",
                             "Smith & Sons", QString(3'000, '9'), "\n\r\t", "\u0663\u4E2D"}));
-        // Nonsense also uses what is disabled or hidden.
         QList<QWidget*> all = nonsense ? m_top->findChildren<QWidget*>() : usableControls();
         for (QWidget* control : usableControls()) {
-            all << QList<QWidget*>(control->objectName().contains(usual) ? 4 : 0, control);
-        }
-        QString keys = "9 Ctrl+V Return Return Esc close";
-        if (nonsense) {
-            keys =
-                "close Ctrl+N Ctrl+L Ctrl+S F1 Alt+F Alt+O Alt+H Ctrl+A Ctrl+Z F4 F10 Alt+Down "
-                "Alt+Up Esc Return Enter Tab Backtab Space Left Right Up Down PgUp PgDown Home End "
-                "Del Backspace 7 0 X & - $ Ctrl+V Ctrl+V Ctrl+V";
-        } else if (m_top == &m_mainForm) {
-            keys = "Ctrl+N Ctrl+S Ctrl+L Ctrl+L Ctrl+L Alt+F Alt+O Alt+H";
+            all << QList<QWidget*>(control->objectName().contains(usualControls) ? 4 : 0, control);
         }
         if (!all.isEmpty() && dice(5) > (nonsense ? 3 : 1)) {
             use(*any(all));
         } else {
-            pressAny(keys);
+            pressAny(nonsense ? anyKeys : m_top == &m_mainForm ? keysInPort : keysInDialogs);
         }
     }
     /// Uses a control by mouse or by keyboard, as controls of its kind are used.
@@ -222,28 +189,23 @@ private:
     void pressAny(const QString& ways) {
         const QString way = any(ways.split(' '));
         log(way);
-        for (const QString& key : way.split(',')) {
-            QWidget* popup = QApplication::activePopupWidget();
-            QWidget* focus = popup != nullptr ? popup : QApplication::focusWidget();
-            if (key == "close") {
-                m_top->close();
-            } else {
-                test::press(focus != nullptr ? focus : m_top, {key});
-            }
+        if (way == "close") {
+            m_top->close();
+        } else {
+            test::press(*m_top, way.split(','));
         }
     }
     /// Writes a game shortly before something happens, or an absurd one.
     void writeGame() {
         game::GameState state =
             test::newGame("MaxHold=460 Hold=50 SOpium=50 WOpium=10000 Payoff=11");
-        const QString figure = any((m_absurd ? absurdities : turns).split('|'));
-        expect(test::setFigure(state, figure.toStdString()), "no such figure: " + figure);
+        const auto set = [&state](const QString& figure) {
+            test::setFigure(state, figure.toStdString());
+        };
+        set(any((m_absurd ? absurdities : turns).split('|')));
         test::eachMember([&](std::string_view name, auto member) {
-            if constexpr (std::is_same_v<decltype(member), game::Field>) {
-                if (m_absurd && dice(20) == 1) {
-                    test::setFigure(
-                        state, (fromRules(name) + '=' + any(amounts.split('|'))).toStdString());
-                }
+            if (std::is_same_v<decltype(member), game::Field> && m_absurd && dice(20) == 1) {
+                set(fromRules(name) + '=' + any(amounts.split('|')));
             }
         });
         ui::writeGameFile(m_file, state);
@@ -265,9 +227,11 @@ private:
               << what.toStdString() << '\n'
               << std::flush;
     }
+    void logReport() { log(test::textOf(*test::find<QWidget>(m_mainForm, "txtLog"))); }
     /// Leaves this process whatever loops are running.
     [[noreturn]] void end(const QString& how, int status = EXIT_SUCCESS) {
-        log(how);
+        logReport();
+        log(how + " (ZHENBAO_SEED=" + QString::number(m_seed) + ')');
         _exit(status);
     }
 

@@ -1,7 +1,6 @@
 #pragma once
 
-#include <QString>
-#include <vector>
+#include <QMessageBox>
 
 #include "pace.h"
 
@@ -13,15 +12,15 @@ namespace ui {
 inline const QString programName = QStringLiteral("Zhenbao");
 inline const QString refusalTitle = QStringLiteral("Sorry");
 
-enum class Icon { Information, Question, Exclamation, Stop };
-enum class Answer { Ok, Yes, No, Cancel };
+using Icon = QMessageBox::Icon;
+using Answer = QMessageBox::StandardButton;
 
 /// A message box: plain text, shown with its blanks as they stand.
 struct Box {
     QString text;
     QString title = programName;
     Icon icon = Icon::Information;
-    std::vector<Answer> buttons{Answer::Ok};
+    QMessageBox::StandardButtons buttons = Answer::Ok;
     Answer byDefault = Answer::Ok;  ///< pressed by Enter
     Answer onEscape = Answer::Ok;   ///< pressed by Escape and by the box's own close button
 };
@@ -61,7 +60,7 @@ public:
         return show(owner, {.text = text,
                             .title = title,
                             .icon = icon,
-                            .buttons = {Answer::Yes, Answer::No},
+                            .buttons = Answer::Yes | Answer::No,
                             .byDefault = byDefault,
                             .onEscape = onEscape}) == Answer::Yes;
     }

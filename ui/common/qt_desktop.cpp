@@ -5,8 +5,6 @@
 #include <QFileIconProvider>
 #include <QGridLayout>
 #include <QLineEdit>
-#include <QMessageBox>
-#include <QPushButton>
 #include <QUrl>
 #include <cstdlib>
 
@@ -15,34 +13,6 @@
 namespace ui {
 
 namespace {
-
-QMessageBox::Icon toQt(Icon icon) {
-    switch (icon) {
-        case Icon::Information:
-            return QMessageBox::Information;
-        case Icon::Question:
-            return QMessageBox::Question;
-        case Icon::Exclamation:
-            return QMessageBox::Warning;
-        case Icon::Stop:
-            return QMessageBox::Critical;
-    }
-    return QMessageBox::NoIcon;
-}
-
-QMessageBox::StandardButton toQt(Answer answer) {
-    switch (answer) {
-        case Answer::Ok:
-            return QMessageBox::Ok;
-        case Answer::Yes:
-            return QMessageBox::Yes;
-        case Answer::No:
-            return QMessageBox::No;
-        case Answer::Cancel:
-            return QMessageBox::Cancel;
-    }
-    return QMessageBox::NoButton;
-}
 
 /// A box is only as wide as its text, but the reason of a failure is its title.
 void makeRoomForTitle(QMessageBox& message) {
@@ -87,23 +57,15 @@ QtDesktop::~QtDesktop() = default;
 Answer QtDesktop::show(QWidget* owner, const Box& box) {
     QMessageBox message(owner);
     message.setObjectName(QStringLiteral("msgBox"));
-    message.setIcon(toQt(box.icon));
+    message.setIcon(box.icon);
     message.setWindowTitle(box.title);
     message.setTextFormat(Qt::PlainText);
     message.setText(box.text);
-    for (const Answer answer : box.buttons) {
-        message.addButton(toQt(answer));
-    }
-    message.setDefaultButton(toQt(box.byDefault));
-    message.setEscapeButton(toQt(box.onEscape));
+    message.setStandardButtons(box.buttons);
+    message.setDefaultButton(box.byDefault);
+    message.setEscapeButton(box.onEscape);
     makeRoomForTitle(message);
-    const int pressed = message.exec();
-    for (const Answer answer : box.buttons) {
-        if (pressed == toQt(answer)) {
-            return answer;
-        }
-    }
-    return box.onEscape;
+    return static_cast<Answer>(message.exec());
 }
 
 QString QtDesktop::chooseFileToLoad(QWidget* owner) {

@@ -196,7 +196,7 @@ bool frmPirate::confirmDumping() {
 bool frmPirate::playAgain() {
     return mainForm().desktop().confirm(
         this, QStringLiteral("Zhenbao, you have sunk.  Would you like to play again?     "),
-        QStringLiteral("Game Over"), Icon::Exclamation, Answer::Yes, Answer::Yes);
+        QStringLiteral("Game Over"), Icon::Warning, Answer::Yes, Answer::Yes);
 }
 
 void frmPirate::finish() {

@@ -182,7 +182,7 @@ void frmMain::announceFortune() {
     }
     if (game::isBankrupt(m_state)) {
         if (!m_desktop.confirm(this, fromRules(game::bankruptcyQuestion),
-                               QStringLiteral("Game Over"), Icon::Exclamation, Answer::Yes,
+                               QStringLiteral("Game Over"), Icon::Warning, Answer::Yes,
                                Answer::Yes)) {
             m_desktop.endProgram();
         }
@@ -351,8 +351,8 @@ void frmMain::UnloadAllForms() {
 bool frmMain::goOnAfterSaveQuestion() {
     switch (
         m_desktop.show(this, {.text = QStringLiteral("Do you want to save the current game?   "),
-                              .icon = Icon::Exclamation,
-                              .buttons = {Answer::Yes, Answer::No, Answer::Cancel},
+                              .icon = Icon::Warning,
+                              .buttons = Answer::Yes | Answer::No | Answer::Cancel,
                               .byDefault = Answer::Yes,
                               .onEscape = Answer::Cancel})) {
         case Answer::Yes:

@@ -10,7 +10,7 @@ namespace {
 
 void showError(MainForm& mainForm, const QString& text, const FileError& error) {
     mainForm.desktop().show(mainForm.window(),
-                            {.text = text, .title = error.description, .icon = Icon::Stop});
+                            {.text = text, .title = error.description, .icon = Icon::Critical});
 }
 
 }  // namespace
