@@ -96,7 +96,7 @@ public:
         } else {
             perform(line.split(" > "));
         }
-        return m_results.isEmpty() ? "" : m_results.join('\n').toStdString() + '\n';
+        return m_results.join('\n').toStdString();
     }
 
 private:
