@@ -1,8 +1,8 @@
 #include "frmAbout.h"
 
-#include <QFocusEvent>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPalette>
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
@@ -33,10 +33,19 @@ public:
         showCaption();
         setTextFormat(Qt::RichText);
         setContentsMargins(roomForMark, 0, roomForMark, 0);
-        setTextInteractionFlags(Qt::LinksAccessibleByMouse | Qt::LinksAccessibleByKeyboard);
+        // With links for the keyboard, a label takes the Tab key twice and Shift+Tab never leaves.
+        setTextInteractionFlags(Qt::LinksAccessibleByMouse);
+        setFocusPolicy(Qt::StrongFocus);
     }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+            emit linkActivated({});
+        } else {
+            QLabel::keyPressEvent(event);
+        }
+    }
     void paintEvent(QPaintEvent* event) override {
         QLabel::paintEvent(event);
         if (hasFocus()) {
@@ -51,17 +60,6 @@ protected:
             showCaption();
         }
     }
-    /// A label takes the Tab key once for itself and once for the link in it, and Shift+Tab never
-    /// leaves it. This one is a link: it selects itself, and the next key goes on.
-    void focusInEvent(QFocusEvent* event) override {
-        QLabel::focusInEvent(event);
-        if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason) {
-            selectLink();
-        }
-    }
-    bool focusNextPrevChild(bool next) override {
-        return QFrame::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call): see above
-    }
 
 private:
     /// In the desktop's colour of links, which dark desktops may leave dark.
@@ -70,11 +68,7 @@ private:
             readable(palette().color(QPalette::Link), {palette().color(QPalette::Window)});
         setText(QStringLiteral("<a href=\"#\" style=\"color: %1\">%2</a>")
                     .arg(colour.name(), m_caption));
-        if (hasFocus()) {
-            selectLink();
-        }
     }
-    void selectLink() { QLabel::focusNextPrevChild(true); }
 
     QString m_caption;
 };
