@@ -100,34 +100,29 @@ public:
     }
 
 private:
-    /// What follows `verb` in the next act, if the next act is that.
-    std::optional<QString> next(const QString& verb) {
-        const bool is = !m_acts.isEmpty() && m_acts.front().startsWith(verb + ' ');
-        return is ? std::optional(m_acts.takeFirst().mid(verb.size() + 1)) : std::nullopt;
-    }
+    /// Boxes that no act answers are answered by Enter.
     ui::Answer show(QWidget* owner, const ui::Box& box) override {
         using enum QMessageBox::StandardButton;
         QString text = '[' + box.title + "] " + box.text + '|' +
                        QMetaEnum::fromType<ui::Icon>().valueToKey(box.icon);
-        const std::optional<QString> wanted = next("answer");
-        ui::Answer answer = NoButton;
         for (const auto& [name, button] :
-             {std::pair{"Ok", Ok}, {"Yes", Yes}, {"No", No}, {"Cancel", Cancel}}) {
+             {std::pair{" Ok", Ok}, {" Yes", Yes}, {" No", No}, {" Cancel", Cancel}}) {
             if (box.buttons.testFlag(button)) {
-                text += QString(" ") + name + (button == box.byDefault ? "+" : "") +
+                text += QString(name) + (button == box.byDefault ? "+" : "") +
                         (button == box.onEscape ? "-" : "");
-                answer = (wanted ? *wanted == name : answer == NoButton) ? button : answer;
             }
         }
-        EXPECT_NE(answer, NoButton) << "no such answer: " << wanted->toStdString();
         m_results << text;
-        static const QRegularExpression inBox("^visit| msgBox");
-        return m_acts.value(0).contains(inBox) ? QtDesktop::show(owner, box) : answer;
+        static const QRegularExpression inBox("^answer| msgBox");
+        if (!m_acts.value(0).contains(inBox)) {
+            m_acts.prepend("press msgBox Return");
+        }
+        return QtDesktop::show(owner, box);
     }
     QString chooseFileToLoad(QWidget* owner) override { return chooseFileToSave(owner); }
     QString chooseFileToSave(QWidget* /*owner*/) override {  // none: the player cancels
-        const std::optional<QString> name = next("file");
-        return name ? m_folder.filePath(*name) : "";
+        return m_acts.value(0).startsWith("file ") ? m_folder.filePath(m_acts.takeFirst().mid(5))
+                                                   : "";
     }
     void openLink(const QUrl& link) override {
         m_results << "link " + link.toString(QUrl::FullyEncoded);
@@ -191,61 +186,62 @@ private:
     void perform(QWidget& window, const QString& act) {
         const QString verb = act.section(' ', 0, 0);
         const QString name = act.section(' ', 1, 1);
+        const QString with = act.section(' ', 2);
         if (verb == "choose") {
             find<QAction>(m_mainForm, name)->trigger();
         } else if (verb == "close") {
             window.close();
         } else if (verb == "visit") {
-            m_visit(window, act.section(' ', 1));
+            m_visit(window, name);
+        } else if (verb == "answer") {
+            for (auto* button : window.findChildren<QAbstractButton*>()) {
+                button->text().remove('&') == name ? button->click() : void();
+            }
         } else if (verb == "look") {
             m_results << name + ' ' + shown(*find<QWidget>(window, name));
-        } else if (name == window.objectName()) {
-            perform(*window.focusWidget(), verb, act.section(' ', 2));
         } else {
-            auto* control = find<QWidget>(window, name);
-            control->setFocus();
-            m_focused = name;
-            perform(*control, verb, act.section(' ', 2));
+            if (name != window.objectName()) {
+                find<QWidget>(window, name)->setFocus();
+                m_focused = name;
+            }
+            perform(window, verb, name, with);
         }
     }
-    void perform(QWidget& control, const QString& verb, const QString& with) {
+    void perform(QWidget& window, const QString& verb, const QString& name, const QString& with) {
         if (verb == "click") {
-            as<QAbstractButton>(control).click();
+            find<QAbstractButton>(window, name)->click();
         } else if (verb == "press") {
-            press(*control.window(), with.split(' '));
+            press(window, with.split(' '));
         } else if (verb == "hold") {
             for (const QString& key : with.split(' ')) {
                 QKeyEvent repeated(QEvent::KeyPress, keyOf(key).key(), {}, {}, true);
-                QCoreApplication::sendEvent(&control, &repeated);
+                QCoreApplication::sendEvent(window.focusWidget(), &repeated);
             }
-        } else if (verb == "type") {
-            QTest::keyClicks(&control, with);
         } else if (verb == "paste") {  // by mouse
             QGuiApplication::clipboard()->setText(QString(with).replace("\\n", "\n"));
-            auto* list = qobject_cast<QComboBox*>(&control);
-            (list != nullptr ? *list->lineEdit() : as<QLineEdit>(control)).paste();
-        } else if (verb == "pick" || verb == "open") {
-            auto& list = as<QComboBox>(control);
-            list.showPopup();
-            QStringList entries;
-            for (int row = 0; row < list.count(); ++row) {
-                entries << list.itemText(row);
-            }
-            if (verb == "open") {
-                m_results << entries.join(' ');
-            } else if (!entries.contains(with)) {
-                throw std::runtime_error("no such entry: " + with.toStdString());
-            }
-            list.view()->setCurrentIndex(list.model()->index(list.findText(with), 0));
-            press(*list.window(), {verb == "pick" ? "Return" : "Esc"});
+            auto* list = window.findChild<QComboBox*>(name);
+            (list != nullptr ? list->lineEdit() : find<QLineEdit>(window, name))->paste();
+        } else if (verb == "pick") {
+            open(*find<QComboBox>(window, name), with, Qt::Key_Return);
+        } else if (verb == "open") {
+            m_results << open(*find<QComboBox>(window, name), "0", Qt::Key_Escape);
         } else {
             throw std::runtime_error("no such verb: " + verb.toStdString());
         }
     }
-    template <class Kind>
-    static Kind& as(QWidget& control) {
-        auto* found = qobject_cast<Kind*>(&control);
-        return found ? *found : throw std::runtime_error("a control of another kind");
+    /// Opens a list, closes it at an entry by a key and returns all of them.
+    static QString open(QComboBox& list, const QString& entry, Qt::Key key) {
+        list.showPopup();
+        QStringList entries;
+        for (int row = 0; row < list.count(); ++row) {
+            entries << list.itemText(row);
+        }
+        if (!entries.contains(entry)) {
+            throw std::runtime_error("no such entry: " + entry.toStdString());
+        }
+        list.view()->setCurrentIndex(list.model()->index(list.findText(entry), 0));
+        QTest::keyClick(list.view(), key);
+        return entries.join(' ');
     }
 
     /// What can be seen, by name: the orders that are enabled, what is locked in the dialog, its
