@@ -253,6 +253,10 @@ private:
         for (const auto* order : m_mainForm.centralWidget()->findChildren<QPushButton*>()) {
             seen["orders"] += order->isEnabled() ? ' ' + order->objectName().mid(3) : "";
         }
+        for (const auto* item :
+             m_mainForm.findChildren<QAction*>(QRegularExpression("^mnu.*Item[^S]*$"))) {
+            seen["items"] += item->isEnabled() ? ' ' + item->objectName().mid(3) : "";
+        }
         if (m_dialog != nullptr && m_dialog->isVisible()) {
             static const QRegularExpression named("^[a-z]{3}[A-Z]");
             static const QRegularExpression display("^(txt|fra|img)");

@@ -11,13 +11,17 @@
 
 namespace {
 
-/// The cash of the game that a file holds, or why it cannot be read.
-std::string cashIn(const QString& path) {
+/// What `act` returns, or why it fails.
+std::string resultOf(const std::function<std::string()>& act) {
     try {
-        return plainText(ui::readGameFile(path).gcurCash);
+        return act();
     } catch (const ui::FileError& error) {
         return error.description.toStdString();
     }
+}
+/// The cash of the game that a file holds.
+std::string cashIn(const QString& path) {
+    return resultOf([&path] { return plainText(ui::readGameFile(path).gcurCash); });
 }
 
 /// A folder with a saved game of $1,000 in it, and a game that has gone on to $12,345.
@@ -30,14 +34,11 @@ struct GameFile : testing::Test {
 
     QString path(const QString& name) const { return QDir(folder.path()).absoluteFilePath(name); }
 
-    /// Empty, or why the new game could not be written.
     std::string failureOfWriting(const QString& name) const {
-        try {
+        return resultOf([&] {
             ui::writeGameFile(path(name), newGame);
-        } catch (const ui::FileError& error) {
-            return error.description.toStdString();
-        }
-        return {};
+            return std::string{};
+        });
     }
 };
 

@@ -1,12 +1,8 @@
-// Clicks and assistive programs where it matters when something happens; keys are in dialogs.txt.
+// Clicks, and the calls of assistive programs; keys are in dialogs.txt.
 
 #include "stage.h"
 
 namespace {
-
-void click(QWidget& window, const QString& button) {
-    test::find<QAbstractButton>(window, button)->click();
-}
 
 TEST(Clicks, SelectAnAmountOnlyWithTheOneThatBringsTheFocus) {
     test::Stage stage("frmVisit |", [](QWidget& bank, const QString& /*state*/) {
@@ -33,49 +29,21 @@ TEST(Clicks, SelectAnAmountOnlyWithTheOneThatBringsTheFocus) {
     stage.act("visit clicks");
 }
 
-/// Asks for all of these at once, as assistive programs can.
-void ask(QWidget& window, const QStringList& commands) {
-    for (const QString& name : commands) {
-        name.startsWith("cmd") ? click(window, name) : test::find<QAction>(window, name)->trigger();
-    }
-}
-
 TEST(Commands, OpenOneDialogAfterTheCallThatAsksForIt) {
     const QStringList all{"mnuNewItem", "mnuHelpItem", "mnuStatsItem", "mnuAboutItem",
                           "cmdBuy",     "cmdLeave",    "cmdVisit",     "cmdTransfer"};
     for (const QString& first : all) {
         SCOPED_TRACE(first.toStdString());
         test::Stage stage("frmMain | *", [&](QWidget& mainForm, const QString& /*state*/) {
-            ask(mainForm, QStringList{first} + all);
+            for (const QString& name : QStringList{first} + all) {  // at once
+                name.startsWith("cmd") ? test::find<QPushButton>(mainForm, name)->click()
+                                       : test::find<QAction>(mainForm, name)->trigger();
+            }
             EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "open inside the call";
         });
         const std::string result = stage.act("visit commands > close");
         EXPECT_EQ(result.find("closed frmMain"), result.npos) << "no dialog has opened";
     }
-}
-
-TEST(Commands, DoNothingDuringAVoyage) {
-    test::Stage stage("frmMain | *", [](QWidget& window, const QString& state) {
-        if (state == "departure") {
-            ask(window, {"cmdDepart", "cmdDepart"});
-            EXPECT_TRUE(window.isVisible()) << "under way inside the call";
-            return;
-        }
-        for (auto* item : window.findChildren<QAction*>(QRegularExpression("^mnu"))) {
-            item->trigger();
-            EXPECT_FALSE(item->isChecked());
-        }
-        for (auto* button : window.findChildren<QAbstractButton*>(QRegularExpression("^cmd"))) {
-            button->click();  // in the dialog behind the voyage, too
-        }
-        EXPECT_FALSE(window.close());
-        QCoreApplication::sendPostedEvents();
-    });
-    for (int wait = 1; wait <= 25; ++wait) {
-        stage.act(QString("wait %1 visit passage").arg(wait));
-    }
-    const std::string result = stage.act("click cmdLeave > visit departure");
-    EXPECT_NE(result.find("Date=Feb 15, 1860 At=Batavia"), result.npos) << result;
 }
 
 }  // namespace
