@@ -289,13 +289,14 @@ private:
         QString news = m_text.startsWith(old) ? m_text.mid(old.size()) : m_text;
         m_results += news.remove(date).split('\n', Qt::SkipEmptyParts);
         const QMap<QString, QString> before = std::exchange(m_screen, screen());
-        QString facts;
+        QString facts = ui::fromRules(changes);
         for (const auto& [name, now] : m_screen.asKeyValueRange()) {
             const bool known = before.value(name) == now || (name == "focus" && now == m_focused);
             facts += known || now.isEmpty() ? "" : " * " + name + ' ' + now.trimmed();
         }
-        if (!changes.empty() || !facts.isEmpty()) {
-            m_results << ui::fromRules(changes) + facts;
+        if (!facts.isEmpty()) {
+            const bool goesOn = !m_results.isEmpty() && !m_results.back().contains(" * ");
+            m_results << (goesOn ? m_results.takeLast() : "") + facts;
         }
     }
 
