@@ -175,6 +175,7 @@ TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
     inDialogOf(ui::saveGame, [&](QFileDialog& dialog) {
         EXPECT_EQ(dialog.directory(), QDir(path("deep")));
         EXPECT_EQ(nameIn(dialog)->text(), "no dot");
+        EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
         confirm(dialog, "as typed");
     });
     EXPECT_EQ(cashIn(path("deep/as typed")), "12345");

@@ -154,6 +154,7 @@ QString contentsOf(QWidget& window, const QString& state) {
 }
 
 TEST(Look, EveryWindowSaysWhatItShould) {
+    EXPECT_FALSE(QApplication::windowIcon().pixmap(48).isNull());
     test::expectApproved("windows.txt", visitWindows(light, contentsOf));
 }
 
