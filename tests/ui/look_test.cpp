@@ -110,19 +110,6 @@ void expectPlainClass(const QWidget& control) {
     EXPECT_TRUE(control.inherits(kinds.value(control.objectName().left(3), "QWidget")));
 }
 
-/// `parts` on as many lines as they need.
-QString lines(const QStringList& parts) {
-    QString all;
-    qsizetype room = 0;
-    for (const QString& part : parts) {
-        const bool fits = room >= part.size();
-        all += fits ? ", " : all.isEmpty() ? "    " : ",\n    ";
-        room = (fits ? room : 100) - part.size() - 2;
-        all += part;
-    }
-    return all;
-}
-
 /// Title and, where they are fixed, size and place; texts; the way of the Tab key. Of further
 /// states of the window, without the texts.
 QString contentsOf(QWidget& window, const QString& state) {
@@ -142,15 +129,17 @@ QString contentsOf(QWidget& window, const QString& state) {
     }
     for (auto* control : test::controlsOf(window)) {
         expectPlainClass(*control);
-        texts << saidBy(*control);
+        texts << (control->inherits("QGroupBox") ? "\n    " : "") + saidBy(*control);
     }
     texts.removeAll("");
+    text += state == window.objectName()
+                ? "\n    " + texts.join(", ").replace(", \n", "\n").trimmed()
+                : "";
     QStringList way;
     for (const QWidget* stop : walkByTab(window)) {
         way << stop->objectName() + (stop->property("default").toBool() ? " (Enter)" : "");
     }
-    way.front().prepend("Tab: ");
-    return text + '\n' + (state == window.objectName() ? lines(texts) + '\n' : "") + lines(way);
+    return text + "\n    Tab: " + way.join(", ");
 }
 
 TEST(Look, EveryWindowSaysWhatItShould) {
