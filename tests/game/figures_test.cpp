@@ -21,11 +21,9 @@ std::string read(Text text) {
     const auto number = game::readDecimal(std::string_view{longer}.substr(0, text.size()));
     return number ? plainText(*number) : "refused";
 }
-std::string calculate(Text text) {
-    const std::size_t sign = text.find_first_of("+*");
-    const Currency left = amount(text.substr(0, sign));
-    const Currency right = amount(text.substr(sign + 1));
-    return plainText(text.at(sign) == '+' ? left + right : left * right);
+std::string product(Text text) {
+    const std::size_t sign = text.find('*');
+    return plainText(amount(text.substr(0, sign)) * amount(text.substr(sign + 1)));
 }
 std::string steps(Text maximum) {
     std::string text;
@@ -44,7 +42,7 @@ const std::map<std::string, std::string (*)(Text)> functions{
     {"money", [](Text text) { return moneyText(amount(text)); }},
     {"typed", [](Text text) { return plainText(game::MakeNumber(text)); }},
     {"steps", steps},
-    {"calculate", calculate},
+    {"product", product},
     {"absolute", [](Text text) { return plainText(absolute(amount(text))); }},
     {"count", [](Text text) { return std::to_string(amount(text).toInt()); }},
     {"floor", [](Text text) { return plainText(game::Int(std::stod(text))); }},

@@ -17,8 +17,8 @@ public:
     Actor(game::GameState& state, const std::string& script)
         : ScriptedRandom(script), Captain(state, *this, true) {}
 
-    /// Changes figures and plays deeds, and gives back what happened and, after each deed, the
-    /// figures that it changed.
+    /// Changes figures and plays deeds, and gives back what happened by each deed and the figures
+    /// that it changed.
     std::string play() {
         while (!rest().empty()) {
             const std::string word = next();
@@ -27,7 +27,7 @@ public:
             } else {
                 const game::GameState before = m_state;
                 perform(word);
-                add(changes(before, m_state));
+                add(changes(before, m_state), rest().empty() ? "" : ";");
             }
         }
         return transcript;
