@@ -4,6 +4,6 @@
 #include "targets.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    fuzz::ZHENBAO_FUZZ_TARGET({reinterpret_cast<const char*>(data), size});
+    fuzz::play({reinterpret_cast<const char*>(data), size});
     return 0;
 }

@@ -20,14 +20,14 @@
 namespace test {
 
 /// A player without windows: fills in the orders as their windows do, sails and fights. A subclass
-/// makes the choices. Voyages and battles go into a transcript, if one is wanted: a line for each
-/// entry or report, followed by what else happens.
+/// makes the choices. What happens goes into a transcript, if one is wanted: refusals and messages
+/// of orders, and of voyages a line for each entry or report, followed by what else happens.
 class Captain : public game::VoyageScene, public game::BattleScene {
 public:
     using Options = std::vector<std::string_view>;
     struct Deed {
         std::string_view name;
-        std::string (*play)(Captain& captain);  ///< gives back its refusal or its messages
+        void (*play)(Captain& captain);
     };
 
     Captain(game::GameState& state, game::Random& random, bool writes = false)
@@ -37,19 +37,19 @@ public:
         using namespace game;
         using C = Captain;
         static constexpr std::array<Deed, 13> all{{
-            {"buy", [](C& c) { return c.trade(true); }},
-            {"sell", [](C& c) { return c.trade(false); }},
-            {"transfer", [](C& c) { return c.moveCargo(); }},
-            {"deposit", [](C& c) { return c.pay(mostToDeposit, refuseDeposit, deposit); }},
-            {"withdraw", [](C& c) { return c.pay(mostToWithdraw, refuseWithdrawal, withdraw); }},
-            {"borrow", [](C& c) { return c.pay(maxLoan, refuseLoan, borrow); }},
-            {"overpay", [](C& c) { return c.pay(mostToRepay, refuseToRepay<true>, repay); }},
-            {"repay", [](C& c) { return c.pay(mostToRepay, refuseToRepay<false>, repay); }},
-            {"repair", [](C& c) { return c.repairShip(); }},
-            {"repairmax", [](C& c) { return canRepairMax(c.m_state) ? repairMax(c.m_state) : ""; }},
-            {"cannon", [](C& c) { return c.carryOut(refuseCannon(c.m_state), buyCannon); }},
-            {"ship", [](C& c) { return c.carryOut(refuseShip(c.m_state), buyShip); }},
-            {"sail", [](C& c) { return c.sailTo(c.choosePort()); }},
+            {"buy", [](C& c) { c.trade(true); }},
+            {"sell", [](C& c) { c.trade(false); }},
+            {"transfer", [](C& c) { c.moveCargo(); }},
+            {"deposit", [](C& c) { c.pay(mostToDeposit, refuseDeposit, deposit); }},
+            {"withdraw", [](C& c) { c.pay(mostToWithdraw, refuseWithdrawal, withdraw); }},
+            {"borrow", [](C& c) { c.pay(maxLoan, refuseLoan, borrow); }},
+            {"overpay", [](C& c) { c.pay(mostToRepay, refuseRepayment, repay, true); }},
+            {"repay", [](C& c) { c.pay(mostToRepay, refuseRepayment, repay, false); }},
+            {"repair", [](C& c) { c.repairShip(); }},
+            {"repairmax", [](C& c) { c.add(canRepairMax(c.m_state) ? repairMax(c.m_state) : ""); }},
+            {"cannon", [](C& c) { c.carryOut(refuseCannon(c.m_state), buyCannon); }},
+            {"ship", [](C& c) { c.carryOut(refuseShip(c.m_state), buyShip); }},
+            {"sail", [](C& c) { game::sail(c.m_state, c.m_random, c, c.choosePort()); }},
         }};
         return all;
     }
@@ -75,7 +75,7 @@ public:
     void setAtSea(bool atSea) override { add(atSea ? " at sea" : " in port"); }
     bool ask(std::string_view text, std::string_view title) override {
         inform(text, title);
-        return answer();
+        return answer("");
     }
     void inform(std::string_view text, std::string_view title) override {
         line("[", title, "] ", text);
@@ -88,34 +88,21 @@ public:
         add(" sink:", ships, "x", step.count());
     }
     void refresh() override { add(" refresh"); }
-    bool confirmDumping() override {
-        add(" dump?");
-        return answer();
-    }
-    bool playAgain() override {
-        add(" again?");
-        return answer();
-    }
-    void finish() override {
-        add(" finish");
-        m_finished = true;
-    }
-    void endProgram() override {
-        add(" the end");
-        m_finished = true;
-    }
+    bool confirmDumping() override { return answer(" dump?"); }
+    bool playAgain() override { return answer(" again?"); }
+    void finish() override { endBattle(" finish"); }
+    void endProgram() override { endBattle(" the end"); }
 
     void showBattle() override {
-        static const Options all{"run", "dump", "fight", "death"};
         constexpr std::array ways{&game::Battle::run, &game::Battle::dumpCargo,
                                   &game::Battle::fight, &game::Battle::fightToDeath};
-        m_finished = false;
+        const Options unarmed{"run", "dump"};
+        const Options armed{"run", "dump", "fight", "death"};
+        add(" ", attackers(m_state));
         game::Battle battle(m_state, m_random, *this);
         battle.open();
-        while (!m_finished && !leavesBattle()) {
-            const Options possible(all.begin(),
-                                   m_state.gcurCannons > 0 ? all.end() : all.begin() + 2);
-            (battle.*ways.at(choose(possible)))();
+        for (m_battleGoesOn = true; m_battleGoesOn;) {
+            (battle.*ways.at(choose(m_state.gcurCannons > 0 ? armed : unarmed)))();
         }
     }
 
@@ -124,12 +111,9 @@ protected:
     virtual std::size_t choose(const Options& options) = 0;
     /// The text for a field whose list ends with `most`.
     virtual std::string type(game::Currency most) = 0;
-    /// Whether a battle is left as it stands, which only a test can do.
-    virtual bool leavesBattle() { return false; }
 
     std::string_view choosePort() {
-        return game::ports.at(choose(
-            {"HongKong", "Shanghai", "Nagasaki", "Saigon", "Manila", "Singapore", "Batavia"}));
+        return game::ports.at(choose({game::ports.begin(), game::ports.end()}));
     }
 
     template <class... Parts>
@@ -146,64 +130,68 @@ protected:
 private:
     static std::string_view text(std::string_view part) { return part; }
     static std::string text(game::Currency part) { return plainText(part); }
+    static std::string text(const std::vector<std::string>& parts) {
+        return std::accumulate(parts.begin(), parts.end(), std::string{});
+    }
 
     template <class... Parts>
     void line(const Parts&... parts) {
         add(transcript.empty() ? "" : "\n", parts...);
     }
-    bool answer() { return choose({"yes", "no"}) == 0; }
-
-    template <bool overPaymentAllowed>
-    static game::Refusal refuseToRepay(const game::GameState& state, game::Currency amount) {
-        return refuseRepayment(state, amount, overPaymentAllowed);
+    bool answer(std::string_view question) {
+        add(question);
+        return choose({"yes", "no"}) == 0;
+    }
+    void endBattle(std::string_view outcome) {
+        add(outcome);
+        m_battleGoesOn = false;
     }
 
-    std::string carryOut(const game::Refusal& refusal, auto carry, const auto&... filledIn) {
-        return refusal ? std::string{*refusal} : joined(carry(m_state, filledIn...));
+    void carryOut(const game::Refusal& refusal, auto carry, const auto&... filledIn) {
+        if (refusal) {
+            add(" ", *refusal);
+        } else {
+            add(carry(m_state, filledIn...));
+        }
     }
-    static std::string joined(std::string message) { return message; }
-    static std::string joined(const std::vector<std::string>& messages) {
-        return std::accumulate(messages.begin(), messages.end(), std::string{});
-    }
-
-    std::string pay(auto most, auto refuse, auto apply) {
+    void pay(auto most, auto refuse, auto apply, auto... allowed) {
         const game::Currency amount = game::MakeNumber(type(most(m_state)));
-        return carryOut(refuse(m_state, amount), apply, amount);
+        carryOut(refuse(m_state, amount, allowed...), apply, amount);
     }
-    std::string repairShip() {
+    void repairShip() {
         const auto wanted = std::min(game::MakeNumber(type(game::soundShip)), game::soundShip);
         const game::Currency offered = offeredCondition(m_state, wanted);
-        return carryOut(refuseRepair(m_state, offered), game::repair, offered);
+        carryOut(refuseRepair(m_state, offered), game::repair, offered);
     }
-    std::string sailTo(std::string_view port) {
-        sail(m_state, m_random, *this, port);
-        return {};
-    }
-    std::string trade(bool buying) {
+    void trade(bool buying) {
         const bool aboard = choose({"ship", "ashore"}) == 0;
         game::TradeOrder order{aboard ? game::Place::Ship : game::Place::Warehouse, {}};
         std::array<std::string, game::goods.size()> typed;
         for (const game::GoodRow& good : game::goods) {
-            const std::size_t row = index(good.good);
-            order.amounts.at(row) = 99;  // typed earlier; the list must not count it
-            typed.at(row) = type(buying ? mostToBuy(m_state, order, good.good)
-                                        : mostToSell(m_state, order.place, good.good));
-            order.amounts.at(row) = game::MakeNumber(typed.at(row));
+            game::Currency& amount = order.amounts.at(index(good.good));
+            amount = 99;  // typed earlier; the list must not count it
+            std::string& text = typed.at(index(good.good));
+            text = type(buying ? mostToBuy(m_state, order, good.good)
+                               : mostToSell(m_state, order.place, good.good));
+            amount = game::MakeNumber(text);
         }
-        return buying ? carryOut(refuseBuying(m_state, order), game::buy, order)
-                      : carryOut(refuseSelling(m_state, order), game::sell, order, typed);
+        if (buying) {
+            carryOut(refuseBuying(m_state, order), game::buy, order);
+        } else {
+            carryOut(refuseSelling(m_state, order), game::sell, order, typed);
+        }
     }
-    std::string moveCargo() {
+    void moveCargo() {
         const auto load = [this](game::Place destination) {
             const auto& good = game::goods.at(choose({"Opium", "Silk", "Arms", "General"}));
             return game::Load{good.good, type(mostToTransfer(m_state, destination, good.good))};
         };
         const game::TransferOrder order{load(game::Place::Ship), load(game::Place::Warehouse)};
-        return carryOut(refuseTransfer(m_state, order), game::transfer, order);
+        carryOut(refuseTransfer(m_state, order), game::transfer, order);
     }
 
     bool m_writes;
-    bool m_finished = false;  ///< the battle
+    bool m_battleGoesOn = false;
 };
 
 }  // namespace test

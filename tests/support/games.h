@@ -70,9 +70,17 @@ inline bool setFigure(game::GameState& state, const std::string& figure) {
     return valid;
 }
 
+/// The same for a figure whose name, value and effect are required: what is wrong throws.
+inline void change(game::GameState& state, const std::string& figure) {
+    const game::GameState before = state;
+    if (!setFigure(state, figure) || state == before ||
+        std::ranges::count(game::ports, state.gstrLocation) == 0) {
+        throw std::runtime_error("unknown, wrong or without effect: " + figure);
+    }
+}
+
 /// A game just started: Hong Kong, $1,000 cash, no debt, no cannons, an empty hold of 60, prices
-/// 12,000, 1,100, 90 and 14, saved; then `figures`, as in "Date=1860-02-15 Cash=22.5". A figure
-/// that is unknown, wrong or without effect throws.
+/// 12,000, 1,100, 90 and 14, saved; then `figures`, as in "Date=1860-02-15 Cash=22.5".
 inline game::GameState newGame(const std::string& figures = {}) {
     ScriptedRandom prices("8/21 7/21 5/21 10/21");
     game::GameState state;
@@ -82,11 +90,7 @@ inline game::GameState newGame(const std::string& figures = {}) {
     state.gblnGameSaved = true;
     std::istringstream words(figures);
     for (std::string figure; words >> figure;) {
-        const game::GameState before = state;
-        if (!setFigure(state, figure) || state == before ||
-            std::ranges::count(game::ports, state.gstrLocation) == 0) {
-            throw std::runtime_error("unknown, wrong or without effect: " + figure);
-        }
+        change(state, figure);
     }
     return state;
 }

@@ -17,35 +17,47 @@ public:
     Actor(game::GameState& state, const std::string& script)
         : ScriptedRandom(script), Captain(state, *this, true) {}
 
-    /// Plays the deed that the script begins with, and gives back what happened.
+    /// Changes figures and plays deeds, and gives back what happened by each deed and the figures
+    /// that it changed.
     std::string play() {
-        const std::string word = next();
-        const auto order = std::ranges::find(orders(), word, &Deed::name);
-        std::string outcome;
-        if (order != orders().end()) {
-            outcome = order->play(*this);
+        while (!rest().empty()) {
+            const std::string word = next();
+            if (word.find('=') != word.npos) {
+                change(m_state, word);
+            } else {
+                const game::GameState before = m_state;
+                perform(word);
+                add(changes(before, m_state), rest().empty() ? "" : ";");
+            }
+        }
+        return transcript;
+    }
+
+private:
+    void perform(const std::string& word) {
+        if (const auto order = std::ranges::find(orders(), word, &Deed::name);
+            order != orders().end()) {
+            order->play(*this);
         } else if (const auto part = parts().find(word); part != parts().end()) {
             part->second(*this);
         } else {
             throw std::runtime_error("no deed: " + word);
         }
-        return rest().empty() ? transcript + outcome
-                              : throw std::runtime_error("not used:" + rest());
     }
 
-private:
     /// Parts of a voyage, and what windows do on their own.
     static const std::map<std::string, void (*)(Actor&)>& parts() {
         using namespace game;
-        static const std::map<std::string, void (*)(Actor&)> all{
-            {"arrive", [](Actor& a) { arrive(a.m_state, a, a, a.choosePort()); }},
-            {"battle", [](Actor& a) { a.showBattle(); }},
-            {"events", [](Actor& a) { meetEvents(a.m_state, a, a); }},
-            {"port", [](Actor& a) { a.enablePortOrders(); }},
-            {"propose", [](Actor& a) { a.add(proposedPort(a, a.choosePort())); }},
-            {"standing", [](Actor& a) { a.takeStock(); }},
-            {"start", [](Actor& a) { a.startGame(); }},
-            {"visitors", [](Actor& a) { receiveVisitors(a.m_state, a, a); }},
+        using A = Actor;
+        static const std::map<std::string, void (*)(A&)> all{
+            {"arrive", [](A& a) { arrive(a.m_state, a, a, a.choosePort()); }},
+            {"battle", [](A& a) { a.showBattle(); }},
+            {"events", [](A& a) { meetEvents(a.m_state, a, a); }},
+            {"port", [](A& a) { a.enablePortOrders(); }},
+            {"propose", [](A& a) { a.add(" ", proposedPort(a, a.choosePort())); }},
+            {"standing", [](A& a) { a.takeStock(); }},
+            {"start", [](A& a) { a.startGame(); }},
+            {"visitors", [](A& a) { receiveVisitors(a.m_state, a, a); }},
         };
         return all;
     }
@@ -77,7 +89,7 @@ private:
     std::string type(game::Currency most) override {
         const std::string word = next();
         if (word == "look") {
-            add("up to ", most, "\n");
+            add(" up to ", most);
             return {};
         }
         if (word == "max" || word == "more") {
@@ -88,22 +100,12 @@ private:
         }
         return word;
     }
-    bool leavesBattle() override { return rest().empty(); }
-    void showBattle() override {
-        add(" ", attackers(m_state));
-        Captain::showBattle();
-    }
 };
 
-/// Plays a script: figures of a new game, a deed and the answers to what it asks. Gives back what
-/// happened and, at the end, the figures that changed.
+/// What happens in a new game by a script.
 inline std::string play(const std::string& script) {
-    const std::size_t figures = script.rfind('=') + 1;
-    const std::size_t deed = figures == 0 ? 0 : std::min(script.find(' ', figures), script.size());
-    const game::GameState before = newGame(script.substr(0, deed));
-    game::GameState after = before;
-    const std::string happened = Actor(after, script.substr(deed)).play();
-    return happened + changes(before, after);
+    game::GameState state = newGame();
+    return Actor(state, script).play();
 }
 
 }  // namespace test
