@@ -32,7 +32,7 @@ void eachMember(Visit visit) {
              pair{"Score", &G::gcurRank}, pair{"Rank", &G::gstrRank});
 }
 
-/// A figure of the record in scripts.
+/// How scripts write the figures of a record. Each function `read` returns whether it could.
 struct Figure {
     static bool read(const std::string& text, game::Currency& amount) {
         amount = game::readDecimal(text).value_or(0);
@@ -58,8 +58,9 @@ struct Figure {
     static std::string text(bool flag) { return flag ? "yes" : "no"; }
 };
 
-/// Changes one figure of a record, as in "Cash=22.5"; false if its name or value is wrong.
-inline bool setFigure(game::GameState& state, const std::string& figure) {
+/// Changes one figure of a record, as in "Cash=22.5". What is wrong or without effect throws.
+inline void change(game::GameState& state, const std::string& figure) {
+    const game::GameState before = state;
     const std::size_t equals = std::min(figure.find('='), figure.size() - 1);
     bool valid = false;
     eachMember([&](std::string_view name, auto member) {
@@ -67,14 +68,7 @@ inline bool setFigure(game::GameState& state, const std::string& figure) {
             valid = Figure::read(figure.substr(equals + 1), state.*member);
         }
     });
-    return valid;
-}
-
-/// The same for a figure whose name, value and effect are required: what is wrong throws.
-inline void change(game::GameState& state, const std::string& figure) {
-    const game::GameState before = state;
-    if (!setFigure(state, figure) || state == before ||
-        std::ranges::count(game::ports, state.gstrLocation) == 0) {
+    if (!valid || state == before || std::ranges::count(game::ports, state.gstrLocation) == 0) {
         throw std::runtime_error("unknown, wrong or without effect: " + figure);
     }
 }

@@ -61,8 +61,8 @@ public:
     QString chooseFileToLoad(QWidget* owner) override {
         logReport();
         if (dice(2) == 1) {
-            auto state = test::newGame("MaxHold=460 Hold=50 SOpium=50 WOpium=10000 Payoff=11");
-            test::setFigure(state, any(turns.split('|')).toStdString());
+            const QString figures = "MaxHold=460 Hold=50 SOpium=50 WOpium=10000 Payoff=11 ";
+            const auto state = test::newGame((figures + any(turns.split('|'))).toStdString());
             ui::writeGameFile(m_file, state);
         }
         return chooseFileToSave(owner);
