@@ -91,43 +91,43 @@ private:
     std::function<void(QWidget* modal)> m_act;
 };
 
-/// What the main window shows wrongly of a game in port, a line each.
+/// What the main window shows wrongly of a game in port.
 inline std::string wrongDisplays(const QMainWindow& mainForm, const game::GameState& state) {
     using ui::fromRules, ui::money, ui::plain;
-    const QWidget& house = *mainForm.centralWidget();
-    const QString firm = fromRules(state.gstrFirm).replace("&", "&&");
-    const QString hold = plain(state.gcurHold) + " of " + plain(state.gcurMaxHold);
-    QMap<QString, QString> wanted{
-        {"txtDate", fromRules(game::dateText(state.gdtmDate))},
-        {"prgStatus", plain(state.gcurStatus)},
-        {"prgHold", plain(state.gcurHold)},
-        {"fraStatus", "Ship's Status - " + plain(state.gcurStatus) + "% "},
-        {"fraHold", "Ship's Hold - " + hold + ' '},
-        {"fraPrices", "Prices at " + fromRules(state.gstrLocation) + ' '},
-        {"fraHouse", "House of " + firm + ", Hong Kong "}};
+    QString wrong;
+    const auto check = [&](const QString& what, const QString& shown, const QString& right) {
+        wrong += shown == right ? "" : what + " shows " + shown + ", not " + right + '\n';
+    };
+    const auto checkControl = [&](const QString& name, const QString& right) {
+        check(name, textOf(*find<QWidget>(mainForm, name)), right);
+    };
+    const QString hold = plain(state.gcurHold);
+    const QString maxHold = plain(state.gcurMaxHold);
+    check("the title", mainForm.windowTitle(),
+          "Zhenbao - " + fromRules(state.gstrRank) + " [" + money(state.gcurNetWorth) + "]");
+    checkControl("fraHouse",
+                 "House of " + fromRules(state.gstrFirm).replace("&", "&&") + ", Hong Kong ");
+    checkControl("fraPrices", "Prices at " + fromRules(state.gstrLocation) + ' ');
+    checkControl("txtDate", fromRules(game::dateText(state.gdtmDate)));
+    checkControl("fraStatus", "Ship's Status - " + plain(state.gcurStatus) + "% ");
+    checkControl("prgStatus", plain(state.gcurStatus));
+    checkControl("fraHold", "Ship's Hold - " + hold + " of " + maxHold + ' ');
+    checkControl("prgHold", hold);
+    check("prgHold", plain(find<QProgressBar>(mainForm, "prgHold")->maximum()), maxHold);
     eachMember([&](std::string_view member, auto figure) {  // displays are named after figures
         if constexpr (std::is_same_v<decltype(figure), game::Field>) {
+            static const QRegularExpression dollars("txt(Cash|Debt|Bank|P)");
             const QString name = "txt" + fromRules(member);
-            if (house.findChild<QLineEdit*>(name) != nullptr) {
-                static const QRegularExpression dollars("txt(Cash|Debt|Bank|P)");
-                wanted[name] = name.contains(dollars) ? money(state.*figure) : plain(state.*figure);
+            if (mainForm.centralWidget()->findChild<QLineEdit*>(name) != nullptr) {
+                checkControl(name,
+                             name.contains(dollars) ? money(state.*figure) : plain(state.*figure));
             }
         }
     });
-    std::string wrong;
-    const auto check = [&](const QString& what, const QString& shown, const QString& right) {
-        wrong += shown == right ? "" : (what + " shows " + shown + ", not " + right).toStdString();
-    };
-    for (const auto& [name, text] : wanted.asKeyValueRange()) {
-        check(name, textOf(*find<QWidget>(house, name)), text);
-    }
-    check("the title", mainForm.windowTitle(),
-          "Zhenbao - " + fromRules(state.gstrRank) + " [" + money(state.gcurNetWorth) + "]");
-    check("the end of prgHold", plain(find<QProgressBar>(house, "prgHold")->maximum()),
-          plain(state.gcurMaxHold));
     game::GameState again = state;
     game::updateStanding(again);
-    return wrong + (again == state ? "" : "an old standing");
+    check("the standing", fromRules(changes(again, state)), "");
+    return wrong.toStdString();
 }
 
 }  // namespace test
