@@ -37,7 +37,8 @@ QPalette darkPalette() {
     return palette;
 }
 
-/// Plays windows.txt in a look, and returns it with what `describe` says of each visited window.
+/// Plays windows.txt in a look, and returns it with what `describe` says of each window that opens
+/// or is visited.
 std::string visitWindows(const Look& look,
                          const std::function<QString(QWidget&, const QString& state)>& describe) {
     SCOPED_TRACE(look.name.toStdString());
@@ -66,6 +67,7 @@ std::string visitWindows(const Look& look,
             stage->act(line.mid(3));
         } else {
             stage.emplace(line.mid(2).replace(" |", look.figures + " |"), visit);
+            stage->act("visit " + line.section(' ', 1, 1));
         }
         return text.toStdString();
     });
