@@ -89,13 +89,7 @@ public:
     /// changes in the report, in the record and on the screen.
     std::string act(const QString& line) {
         m_results.clear();
-        if (line == "animations off") {
-            m_mainForm.setStyleSheet("* { widget-animation-duration: 0 }");
-        } else if (line.startsWith("wait ")) {
-            m_meanwhile[line.section(' ', 1, 1).toInt()] = line.section(' ', 2);
-        } else {
-            perform(line.split(" > "));
-        }
+        perform(line.split(" > "));
         return m_results.join('\n').toStdString();
     }
 
@@ -187,7 +181,11 @@ private:
         const QString verb = act.section(' ', 0, 0);
         const QString name = act.section(' ', 1, 1);
         const QString with = act.section(' ', 2);
-        if (verb == "choose") {
+        if (verb == "animations") {
+            m_mainForm.setStyleSheet("* { widget-animation-duration: 0 }");
+        } else if (verb == "wait") {
+            m_meanwhile[name.toInt()] = with;
+        } else if (verb == "choose") {
             find<QAction>(m_mainForm, name)->trigger();
         } else if (verb == "close") {
             window.close();
