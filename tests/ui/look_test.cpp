@@ -93,8 +93,15 @@ QString bare(const QString& text) {
     static const QRegularExpression unsaid("[ :](?=\\S)|:$|&|<[^>]*>");
     return QString(text).remove(unsaid);
 }
+/// What is heard of a control. The toolkit calls a list by its text, so its use is heard from its
+/// description or its label.
 QString spokenBy(QWidget& control) {
-    return QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name).trimmed();
+    const auto* heard = QAccessible::queryAccessibleInterface(&control);
+    if (!control.inherits("QComboBox")) {
+        return heard->text(QAccessible::Name).trimmed();
+    }
+    const QString use = heard->text(QAccessible::Description);
+    return use.isEmpty() ? heard->relations(QAccessible::Label).value(0).first->text({}) : use;
 }
 
 /// Names begin with the kind of the control, which is a plain class of the toolkit.
