@@ -219,29 +219,26 @@ private:
             QGuiApplication::clipboard()->setText(QString(with).replace("\\n", "\n"));
             auto* list = window.findChild<QComboBox*>(name);
             (list != nullptr ? list->lineEdit() : find<QLineEdit>(window, name))->paste();
-        } else if (verb == "pick") {
-            open(*find<QComboBox>(window, name), with, Qt::Key_Return);
-        } else if (verb == "open") {
-            m_results << open(*find<QComboBox>(window, name), "0", Qt::Key_Escape);
+        } else if (verb == "pick" || verb == "open") {
+            auto* list = find<QComboBox>(window, name);
+            list->showPopup();
+            QStringList entries;
+            for (int row = 0; row < list->count(); ++row) {
+                entries << list->itemText(row);
+            }
+            if (verb == "open") {
+                m_results << (list->view()->isVisible() ? entries.join(' ') : "nothing opens");
+                list->hidePopup();
+            } else if (!entries.contains(with)) {
+                throw std::runtime_error("no such entry: " + with.toStdString());
+            } else {
+                list->view()->setCurrentIndex(list->model()->index(list->findText(with), 0));
+                QTest::keyClick(list->view(), Qt::Key_Return);
+            }
         } else {
             throw std::runtime_error("no such verb: " + verb.toStdString());
         }
     }
-    /// Opens a list, closes it at an entry by a key and returns all of them.
-    static QString open(QComboBox& list, const QString& entry, Qt::Key key) {
-        list.showPopup();
-        QStringList entries;
-        for (int row = 0; row < list.count(); ++row) {
-            entries << list.itemText(row);
-        }
-        if (!entries.contains(entry)) {
-            throw std::runtime_error("no such entry: " + entry.toStdString());
-        }
-        list.view()->setCurrentIndex(list.model()->index(list.findText(entry), 0));
-        QTest::keyClick(list.view(), key);
-        return entries.join(' ');
-    }
-
     /// What can be seen, by name: the orders that are enabled, what is locked in the dialog, its
     /// displays, and what neither the record nor another fact says.
     QMap<QString, QString> screen() const {

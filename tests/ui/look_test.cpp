@@ -90,13 +90,24 @@ QList<QWidget*> walkByTab(QWidget& window) {
 
 // --- What a window says.
 
+/// What is heard of a control. The toolkit calls a list by its text, so its use is heard from its
+/// description or its label.
+QString spokenBy(QWidget& control) {
+    const auto* heard = QAccessible::queryAccessibleInterface(&control);
+    if (!control.inherits("QComboBox")) {
+        return heard->text(QAccessible::Name);
+    }
+    const QString use = heard->text(QAccessible::Description);
+    return use.isEmpty() ? heard->relations(QAccessible::Label).value(0).first->text({}) : use;
+}
+
 /// The caption of a control, with what is spoken where that differs; of a field only the latter.
 QString saidBy(QWidget& control) {
     static const QRegularExpression marks("&(?=\\S)|<[^>]*>");
     const bool isField = control.property("readOnly").isValid() || control.inherits("QComboBox") ||
                          control.inherits("QSlider") || control.inherits("QProgressBar");
     const QString caption = isField ? QString() : test::textOf(control).remove(marks);
-    const QString spoken = QAccessible::queryAccessibleInterface(&control)->text(QAccessible::Name);
+    const QString spoken = spokenBy(control);
     EXPECT_TRUE(!spoken.isEmpty() || !isField) << control.objectName().toStdString();
     const QString both = caption.trimmed() == spoken.trimmed() ? caption
                          : caption.isEmpty()                   ? spoken

@@ -85,6 +85,9 @@ void AmountField::FillAmountList(game::Currency maximum) {
 }
 
 void AmountField::showPopup() {
+    if (!isEnabled()) {
+        return;  // assistive programs could open it all the same
+    }
     m_selectOnRelease = false;  // the list gets the release of the click that opens it
     emit dropDown();
     FillAmountList(m_maximum());

@@ -1,10 +1,7 @@
 #include "controls.h"
 
-#include <QComboBox>
 #include <QKeyEvent>
 #include <QStyle>
-
-#include "spoken_list.h"
 
 namespace ui {
 
@@ -16,19 +13,11 @@ void Button::keyPressEvent(QKeyEvent* event) {
     }
 }
 
-void nameControl(QWidget* control, const QString& spoken) {
-    if (auto* list = qobject_cast<QComboBox*>(control)) {
-        nameList(list, spoken);
-    } else {
-        control->setAccessibleName(spoken);
-    }
-}
-
 QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,
                      const QString& spoken) {
     QLabel* label = makeLabel(name, caption);
     label->setBuddy(control);
-    nameControl(control, spoken.isEmpty() ? QString{caption}.remove(u':') : spoken);
+    control->setAccessibleName(spoken.isEmpty() ? QString{caption}.remove(u':') : spoken);
     return label;
 }
 

@@ -50,9 +50,6 @@ protected:
     button->setAutoDefault(false);  // in a dialog without a default button Enter presses none
     return button;
 }
-/// How assistive programs call `control`.
-void nameControl(QWidget* control, const QString& spoken);
-
 /// The label beside `control`. Assistive programs call the control `spoken`, or the caption without
 /// its colon if that is empty.
 [[nodiscard]] QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,

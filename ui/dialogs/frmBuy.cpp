@@ -12,8 +12,7 @@ namespace ui {
 frmBuy::frmBuy(MainForm& mainForm)
     : GameForm(mainForm, QStringLiteral("frmBuy"), QStringLiteral("Buy Merchandise"),
                Escape::Ignored),
-      m_panel(new TradePanel({.amount = QStringLiteral("%1 to buy"),
-                              .maximum = QStringLiteral("Max"),
+      m_panel(new TradePanel({.maximum = QStringLiteral("Max"),
                               .placeFrame = QStringLiteral("fraDestination"),
                               .placeTitle = QStringLiteral("Destination ")},
                              game::inHongKong(mainForm.state()))),

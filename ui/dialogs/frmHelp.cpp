@@ -92,7 +92,7 @@ frmHelp::frmHelp(MainForm& mainForm)
 
 void frmHelp::showPage(const Page& page) {
     fraContent->setTitle(QString::fromLatin1(page.frameCaption));
-    nameControl(txtDisplay, fraContent->title().trimmed());
+    txtDisplay->setAccessibleName(fraContent->title().trimmed());
     txtDisplay->setFont(page.font());
     txtDisplay->setPlainText(readAsset(QString::fromLatin1(page.asset)));
 }

@@ -77,7 +77,7 @@ QWidget* frmPirate::makeReport() {
     addRow("lblCannons", "Ship's Cannons:", txtCannons);
     grid->setColumnStretch(2, 1);
     grid->addWidget(txtReport, grid->rowCount(), 0, 1, 3);
-    nameControl(txtReport, frame->title().trimmed());
+    txtReport->setAccessibleName(frame->title().trimmed());
     const QString longest = QStringLiteral("Can't lose 'em, but we escaped from 24");
     txtReport->setMinimumWidth(txtReport->fontMetrics().horizontalAdvance(longest) +
                                measures::fieldEdges);

@@ -41,7 +41,7 @@ QGroupBox* frmRepair::makeSelection() {
         makeLabelFor(txtPrice, QStringLiteral("lblPrice"), QStringLiteral("Cost of Repair:"));
     auto* lblStatus =
         makeLabelFor(txtStatus, QStringLiteral("lblStatus"), QStringLiteral("Ship's Status:"));
-    nameControl(sldRepair, QStringLiteral("Condition to restore in percent"));
+    sldRepair->setAccessibleName(QStringLiteral("Condition to restore in percent"));
     sldRepair->setRange(0, game::soundShip.toInt());
     sldRepair->setSingleStep(1);
     sldRepair->setPageStep(5);

@@ -12,8 +12,7 @@ namespace ui {
 frmSell::frmSell(MainForm& mainForm)
     : GameForm(mainForm, QStringLiteral("frmSell"), QStringLiteral("Sell Merchandise"),
                Escape::Ignored),
-      m_panel(new TradePanel({.amount = QStringLiteral("%1 to sell"),
-                              .maximum = QStringLiteral("All"),
+      m_panel(new TradePanel({.maximum = QStringLiteral("All"),
                               .placeFrame = QStringLiteral("fraSource"),
                               .placeTitle = QStringLiteral("Source ")},
                              game::inHongKong(mainForm.state()))),

@@ -36,7 +36,7 @@ QString timeTrading(const game::GameDate& date) {
 void addRow(QGridLayout* rows, QLabel* name, QLabel* value) {
     rows->setHorizontalSpacing(pixels(300));
     const int row = rows->rowCount();
-    nameControl(value, name->text() + u' ' + value->text());
+    value->setAccessibleName(name->text() + u' ' + value->text());
     rows->addWidget(name, row, 0);
     rows->addWidget(value, row, 1, Qt::AlignRight);
 }

@@ -75,10 +75,11 @@ frmTransfer::Row frmTransfer::makeRow(const QString& goodName, const QString& am
                                       game::Place destination) {
     const Row row{makeNamed<GoodsList>(goodName), new AmountField(amountName, plain)};
     const bool aboard = destination == game::Place::Ship;
-    nameControl(row.good, aboard ? QStringLiteral("Good to move to the ship")
-                                 : QStringLiteral("Good to move to the warehouse"));
-    nameControl(row.amount, aboard ? QStringLiteral("Units to move to the ship")
-                                   : QStringLiteral("Units to move to the warehouse"));
+    // Assistive programs call a list by its label or its text, and here is no label.
+    const QString use = aboard ? QStringLiteral("%1 to move to the ship")
+                               : QStringLiteral("%1 to move to the warehouse");
+    row.good->setAccessibleDescription(use.arg(QStringLiteral("Good")));
+    row.amount->setAccessibleDescription(use.arg(QStringLiteral("Units")));
     for (const game::GoodRow& good : game::goods) {
         row.good->addItem(fromRules(good.name));
     }

@@ -39,8 +39,7 @@ QGroupBox* TradePanel::makeGoods(const Wording& wording) {
         const QString name = fromRules(good.name);
         const int line = static_cast<int>(game::index(good.good));
         auto* field = new AmountField(QStringLiteral("cbo") + name, plain);
-        auto* label = makeLabelFor(field, QStringLiteral("lbl") + name, name + QStringLiteral(":"),
-                                   wording.amount.arg(name));
+        auto* label = makeLabelFor(field, QStringLiteral("lbl") + name, name + QStringLiteral(":"));
         auto* maximum = makeButton(QStringLiteral("cmdMax") + name, wording.maximum);
         keepLow(field);
         keepLow(maximum);

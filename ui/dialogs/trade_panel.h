@@ -23,7 +23,6 @@ class TradePanel final : public QWidget {
 public:
     /// The texts and names that differ between buying and selling.
     struct Wording {
-        QString amount;      ///< spoken for the amount of the good %1
         QString maximum;     ///< the button beside an amount
         QString placeFrame;  ///< object name
         QString placeTitle;

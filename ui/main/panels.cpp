@@ -148,7 +148,7 @@ void PricesPanel::show(const game::GameState& state) {
 GaugePanel::GaugePanel(QWidget* client, const QString& name, const QString& barName,
                        const QString& spoken, const QString& title, int value, int maximum)
     : Panel(client, name, title), m_bar(makeNamed<QProgressBar>(barName)) {
-    nameControl(m_bar, spoken);
+    m_bar->setAccessibleName(spoken);
     m_bar->setTextVisible(false);
     m_bar->setMaximum(maximum);
     m_bar->setValue(value);
