@@ -51,15 +51,16 @@ inline QString shown(const QWidget& control) {
 
 /// The main window, a dialog over it and a desktop without a screen, played by a script of
 /// dialogs.txt (tests/README.md describes them). What is wrong with a script is thrown.
-class Stage final : ScriptedRandom, ui::QtDesktop {
+class Stage : ScriptedRandom, protected ui::QtDesktop {
 public:
     using Visitor = std::function<void(QWidget& window, const QString& state)>;
 
-    /// The window, the figures of its game and the draws to come.
-    explicit Stage(const QString& opening, Visitor visit = {})
+    /// The window, the figures of its game and the draws to come, unless there is a generator.
+    explicit Stage(const QString& opening, Visitor visit = {}, game::Random* chance = nullptr)
         : ScriptedRandom(opening.section('|', 1).toStdString()),
           m_opening(opening),
-          m_visit(std::move(visit)) {
+          m_visit(std::move(visit)),
+          m_mainForm(*this, chance != nullptr ? *chance : *this) {
         const QStringList words = opening.section('|', 0, 0).split(' ', Qt::SkipEmptyParts);
         const QString window = words.front();
         m_mainForm.show();
@@ -89,12 +90,59 @@ public:
     /// changes in the report, in the record and on the screen.
     std::string act(const QString& line) {
         m_results.clear();
-        perform(line.split(" > "));
+        m_acts = line.split(" > ");
+        m_waits = 0;
+        m_idleRounds = 0;
+        perform(30);
+        EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no window is open for this";
+        EXPECT_EQ(std::exchange(m_meanwhile, {}).size(), 0) << "waits of this number do not come";
+        addScreen(changes(std::exchange(m_record, m_game), m_game));
+        if (m_mainForm.isVisible() && m_game.gblnActiveGame &&
+            (m_dialog == nullptr || !m_dialog->isVisible())) {
+            EXPECT_EQ(wrongDisplays(m_mainForm, m_game), "");
+        }
         return m_results.join('\n').toStdString();
     }
 
-private:
-    /// Boxes that no act answers are answered by Enter.
+protected:
+    struct End {};
+    [[noreturn]] void endProgram() override { throw End{}; }
+
+    /// The next act in `top`; none if it is empty. Boxes that no act answers are answered by Enter.
+    virtual QString nextAct(QWidget& top) {
+        static const QRegularExpression inBox("^answer| msgBox| qt_msgbox");
+        if (top.objectName() == "msgBox" && !m_acts.value(0).contains(inBox)) {
+            return "press msgBox Return";
+        }
+        if (m_acts.isEmpty() && top.isModal() && ++m_idleRounds > 3) {
+            fail(top.objectName() + " is still open");
+        }
+        return m_acts.isEmpty() ? "" : m_acts.takeFirst();
+    }
+    /// Does each act in the window that is on top by then, for some rounds of the event loop.
+    void perform(int rounds) {
+        const Hand hand([this](QWidget* modal) {
+            QWidget* top = modal != nullptr ? modal : m_window;
+            if (!top->isActiveWindow()) {
+                top->activateWindow();
+            } else if (const QString act = nextAct(*top); !act.isEmpty()) {
+                perform(*top, act);
+            }
+        });
+        try {
+            for (int round = 0; round < rounds; ++round) {
+                QCoreApplication::processEvents();
+            }
+        } catch (const End&) {  // of the program, and with it of all dialogs
+            m_results << "the end";
+        }
+    }
+    static void fail(const QString& fault) {
+        ADD_FAILURE() << fault.toStdString();
+        if (auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
+            top->done(0);
+        }
+    }
     ui::Answer show(QWidget* owner, const ui::Box& box) override {
         using enum QMessageBox::StandardButton;
         QString text = '[' + box.title + "] " + box.text + '|' +
@@ -107,10 +155,6 @@ private:
             }
         }
         m_results << text;
-        static const QRegularExpression inBox("^answer| msgBox");
-        if (!m_acts.value(0).contains(inBox)) {
-            m_acts.prepend("press msgBox Return");
-        }
         return QtDesktop::show(owner, box);
     }
     QString chooseFileToLoad(QWidget* owner) override { return chooseFileToSave(owner); }
@@ -128,56 +172,17 @@ private:
             addScreen();
         }
     }
-    struct End {};
-    [[noreturn]] void endProgram() override { throw End{}; }
 
-    void perform(const QStringList& acts) {
-        m_acts = acts;
-        m_waits = 0;
-        int idleRounds = 0;  // since the last act, with a dialog still open
-        const Hand hand([&](QWidget* modal) {
-            QWidget* top = modal != nullptr ? modal : m_window;
-            if (!top->isActiveWindow()) {
-                top->activateWindow();
-            } else if (!m_acts.isEmpty()) {
-                attempt([&] { perform(*top, m_acts.takeFirst()); });
-            } else if (modal != nullptr && ++idleRounds > 3) {
-                ADD_FAILURE() << modal->objectName().toStdString() << " is still open";
-                dismiss();
-            }
-        });
-        attempt([] {
-            for (int round = 0; round < 30; ++round) {  // acts and dialogs come from the event loop
-                QCoreApplication::processEvents();
-            }
-        });
-        EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no window is open for this";
-        EXPECT_EQ(std::exchange(m_meanwhile, {}).size(), 0) << "waits of this number do not come";
-        addScreen(changes(std::exchange(m_record, m_game), m_game));
-        if (m_mainForm.isVisible() && m_game.gblnActiveGame &&
-            (m_dialog == nullptr || !m_dialog->isVisible())) {
-            EXPECT_EQ(wrongDisplays(m_mainForm, m_game), "");
-        }
-    }
-    /// The program may end with it, and with the program all dialogs.
-    void attempt(const std::function<void()>& act) {
-        try {
-            return act();
-        } catch (const End&) {
-            m_results << "the end";
-        } catch (const std::exception& error) {
-            ADD_FAILURE() << error.what();
-        }
-        dismiss();
-    }
-    static void dismiss() {
-        if (auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            top->done(0);
-        }
-    }
-
-    /// One act in `window`: a verb, mostly a control and sometimes more.
+private:
     void perform(QWidget& window, const QString& act) {
+        try {
+            begin(window, act);
+        } catch (const std::exception& error) {
+            fail(error.what());
+        }
+    }
+    /// One act in `window`: a verb, mostly a control and sometimes more.
+    void begin(QWidget& window, const QString& act) {
         const QString verb = act.section(' ', 0, 0);
         const QString name = act.section(' ', 1, 1);
         const QString with = act.section(' ', 2);
@@ -202,12 +207,15 @@ private:
                 find<QWidget>(window, name)->setFocus();
                 m_focused = name;
             }
-            perform(window, verb, name, with);
+            use(window, verb, name, with);
         }
     }
-    void perform(QWidget& window, const QString& verb, const QString& name, const QString& with) {
+    void use(QWidget& window, const QString& verb, const QString& name, const QString& with) {
         if (verb == "click") {
             find<QAbstractButton>(window, name)->click();
+        } else if (verb == "mouse") {
+            auto* control = find<QWidget>(window, name);
+            QTest::mouseClick(control, Qt::LeftButton, {}, {12, control->height() / 2});
         } else if (verb == "press") {
             press(window, with.split(' '));
         } else if (verb == "hold") {
@@ -297,21 +305,26 @@ private:
 
     QString m_opening;
     Visitor m_visit;
-    QTemporaryDir m_folder;
-    ui::frmMain m_mainForm{*this, *this};
-    game::GameState& m_game = m_mainForm.state();
-    game::GameState m_record;  ///< as of the last line
-    QPlainTextEdit* m_report = find<QPlainTextEdit>(m_mainForm, "txtLog");
-    std::unique_ptr<QDialog> m_dialog;
-    QWidget* m_window = &m_mainForm;
     QMap<int, QString> m_meanwhile;  ///< what to do during which wait of the line
     int m_waits = 0;
     game::Milliseconds m_waited{0};
-    QStringList m_acts;  ///< of the line, still to come
-    QString m_focused;   ///< by the last act
+    QStringList m_acts;    ///< of the line, still to come
+    int m_idleRounds = 0;  ///< of the event loop since the last of them, with a dialog still open
+    QString m_focused;     ///< by the last act
     QMap<QString, QString> m_screen;
     QString m_text;  ///< of the report, when it was looked at last
+
+protected:
+    QTemporaryDir m_folder;
     QStringList m_results;
+    ui::frmMain m_mainForm;
+    game::GameState& m_game = m_mainForm.state();
+
+private:
+    game::GameState m_record;  ///< as of the last line
+    std::unique_ptr<QDialog> m_dialog;
+    QWidget* m_window = &m_mainForm;
+    QPlainTextEdit* m_report = find<QPlainTextEdit>(m_mainForm, "txtLog");
 };
 
 }  // namespace test
