@@ -14,7 +14,7 @@ TEST(Rules, HoldAsApproved) {
     constexpr std::size_t longestLine = 100;
     test::expectScripts("rules.txt", [](const std::string& script) {
         const std::string happened = test::play(script.substr(1));
-        const bool fits = happened.find('\n') == happened.npos &&
+        const bool fits = happened.find('\n') == std::string::npos &&
                           script.size() + happened.size() + 4 <= longestLine;
         return happened.empty() ? "" : (fits ? "=> " : "") + happened + "\n";
     });

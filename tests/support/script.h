@@ -22,7 +22,7 @@ public:
     std::string play() {
         while (!rest().empty()) {
             const std::string word = next();
-            if (word.find('=') != word.npos) {
+            if (word.find('=') != std::string::npos) {
                 change(m_state, word);
             } else {
                 const game::GameState before = m_state;
