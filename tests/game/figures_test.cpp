@@ -23,7 +23,7 @@ std::string read(Text text) {
 }
 std::string product(Text text) {
     const std::size_t sign = text.find('*');
-    return plainText(amount(text.substr(0, sign)) * amount(text.substr(sign + 1)));
+    return plainText(amount(text.substr(0, sign)) * amount(text.substr(sign).substr(1)));
 }
 std::string steps(Text maximum) {
     std::string text;
