@@ -45,7 +45,7 @@ std::string played(const std::string& name, Play play) {
             const testing::ScopedTrace trace(name.c_str(), number, script);
             try {
                 const std::string result = play(script);
-                const bool fits = result.find('\n') == result.npos &&
+                const bool fits = result.find('\n') == std::string::npos &&
                                   script.size() + result.size() + 4 <= longestLine;
                 text += script + (result.empty() ? "" : fits ? " => " : "\n") + result + "\n";
             } catch (const std::exception& error) {

@@ -21,14 +21,13 @@ public:
     /// that it changed.
     std::string play() {
         while (!rest().empty()) {
-            const std::string word = next();
-            if (word.find('=') != word.npos) {
+            std::string word = next();
+            for (; word.find('=') != std::string::npos; word = next()) {
                 change(m_state, word);
-            } else {
-                const game::GameState before = m_state;
-                perform(word);
-                add(changes(before, m_state), rest().empty() ? "" : ";");
             }
+            const game::GameState before = m_state;
+            perform(word);
+            add(changes(before, m_state), rest().empty() ? "" : ";");
         }
         return transcript;
     }

@@ -45,7 +45,7 @@ TEST(Commands, OpenOneDialogAfterTheCallThatAsksForIt) {
             EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << "open inside the call";
         });
         const std::string result = stage.act("visit commands > close");
-        EXPECT_EQ(result.find("closed frmMain"), result.npos) << "no dialog has opened";
+        EXPECT_EQ(result.find("closed frmMain"), std::string::npos) << "no dialog has opened";
     }
 }
 
