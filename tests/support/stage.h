@@ -115,7 +115,7 @@ protected:
             return "press msgBox Return";
         }
         if (m_acts.isEmpty() && top.isModal() && ++m_idleRounds > 3) {
-            fail(top.objectName() + " is still open");
+            throw std::runtime_error(top.objectName().toStdString() + " is still open");
         }
         return m_acts.isEmpty() ? "" : m_acts.takeFirst();
     }
@@ -125,20 +125,25 @@ protected:
             QWidget* top = modal != nullptr ? modal : m_window;
             if (!top->isActiveWindow()) {
                 top->activateWindow();
-            } else if (const QString act = nextAct(*top); !act.isEmpty()) {
-                perform(*top, act);
+            } else {
+                attempt([&] { perform(*top, nextAct(*top)); });
             }
         });
-        try {
+        attempt([rounds] {
             for (int round = 0; round < rounds; ++round) {
                 QCoreApplication::processEvents();
             }
-        } catch (const End&) {  // of the program, and with it of all dialogs
-            m_results << "the end";
-        }
+        });
     }
-    static void fail(const QString& fault) {
-        ADD_FAILURE() << fault.toStdString();
+    /// The program may end with it, and with the program all dialogs.
+    void attempt(const std::function<void()>& act) {
+        try {
+            return act();
+        } catch (const End&) {
+            m_results << "the end";
+        } catch (const std::exception& error) {
+            ADD_FAILURE() << error.what();
+        }
         if (auto* top = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
             top->done(0);
         }
@@ -174,18 +179,14 @@ protected:
     }
 
 private:
-    void perform(QWidget& window, const QString& act) {
-        try {
-            begin(window, act);
-        } catch (const std::exception& error) {
-            fail(error.what());
-        }
-    }
     /// One act in `window`: a verb, mostly a control and sometimes more.
-    void begin(QWidget& window, const QString& act) {
+    void perform(QWidget& window, const QString& act) {
         const QString verb = act.section(' ', 0, 0);
         const QString name = act.section(' ', 1, 1);
         const QString with = act.section(' ', 2);
+        if (act.isEmpty()) {
+            return;
+        }
         if (verb == "animations") {
             m_mainForm.setStyleSheet("* { widget-animation-duration: 0 }");
         } else if (verb == "wait") {
