@@ -94,40 +94,37 @@ private:
 /// What the main window shows wrongly of a game in port.
 inline std::string wrongDisplays(const QMainWindow& mainForm, const game::GameState& state) {
     using ui::fromRules, ui::money, ui::plain;
-    QString wrong;
-    const auto check = [&](const QString& what, const QString& shown, const QString& right) {
-        wrong += shown == right ? "" : what + " shows " + shown + ", not " + right + '\n';
-    };
-    const auto checkControl = [&](const QString& name, const QString& right) {
-        check(name, textOf(*find<QWidget>(mainForm, name)), right);
-    };
-    const QString hold = plain(state.gcurHold);
-    const QString maxHold = plain(state.gcurMaxHold);
-    check("the title", mainForm.windowTitle(),
-          "Zhenbao - " + fromRules(state.gstrRank) + " [" + money(state.gcurNetWorth) + "]");
-    checkControl("fraHouse",
-                 "House of " + fromRules(state.gstrFirm).replace("&", "&&") + ", Hong Kong ");
-    checkControl("fraPrices", "Prices at " + fromRules(state.gstrLocation) + ' ');
-    checkControl("txtDate", fromRules(game::dateText(state.gdtmDate)));
-    checkControl("fraStatus", "Ship's Status - " + plain(state.gcurStatus) + "% ");
-    checkControl("prgStatus", plain(state.gcurStatus));
-    checkControl("fraHold", "Ship's Hold - " + hold + " of " + maxHold + ' ');
-    checkControl("prgHold", hold);
-    check("prgHold", plain(find<QProgressBar>(mainForm, "prgHold")->maximum()), maxHold);
+    const QString hold = plain(state.gcurHold) + " of " + plain(state.gcurMaxHold);
+    QMap<QString, QString> right{
+        {"txtDate", fromRules(game::dateText(state.gdtmDate))},
+        {"prgStatus", plain(state.gcurStatus)},
+        {"prgHold", plain(state.gcurHold)},
+        {"fraStatus", "Ship's Status - " + plain(state.gcurStatus) + "% "},
+        {"fraHold", "Ship's Hold - " + hold + ' '},
+        {"fraPrices", "Prices at " + fromRules(state.gstrLocation) + ' '},
+        {"fraHouse", "House of " + fromRules(state.gstrFirm).replace("&", "&&") + ", Hong Kong "}};
     eachMember([&](std::string_view member, auto figure) {  // displays are named after figures
         if constexpr (std::is_same_v<decltype(figure), game::Field>) {
             static const QRegularExpression dollars("txt(Cash|Debt|Bank|P)");
             const QString name = "txt" + fromRules(member);
             if (mainForm.centralWidget()->findChild<QLineEdit*>(name) != nullptr) {
-                checkControl(name,
-                             name.contains(dollars) ? money(state.*figure) : plain(state.*figure));
+                right[name] = name.contains(dollars) ? money(state.*figure) : plain(state.*figure);
             }
         }
     });
+    QString wrong;
+    for (const auto& [name, text] : right.asKeyValueRange()) {
+        const QString shown = textOf(*find<QWidget>(mainForm, name));
+        wrong += shown == text ? "" : name + " shows " + shown + ", not " + text + '\n';
+    }
+    const QString title =
+        "Zhenbao - " + fromRules(state.gstrRank) + " [" + money(state.gcurNetWorth) + "]";
+    wrong += mainForm.windowTitle() == title ? "" : "the title is not " + title + '\n';
+    const int end = find<QProgressBar>(mainForm, "prgHold")->maximum();
+    wrong += end == state.gcurMaxHold ? "" : "prgHold does not end at the ship's hold\n";
     game::GameState again = state;
     game::updateStanding(again);
-    check("the standing", fromRules(changes(again, state)), "");
-    return wrong.toStdString();
+    return wrong.toStdString() + changes(again, state);
 }
 
 }  // namespace test
