@@ -125,7 +125,7 @@ protected:
             QWidget* top = modal != nullptr ? modal : m_window;
             if (!top->isActiveWindow()) {
                 top->activateWindow();
-            } else {
+            } else if (!m_visiting) {
                 attempt([&] { perform(*top, nextAct(*top)); });
             }
         });
@@ -196,7 +196,8 @@ private:
         } else if (verb == "close") {
             window.close();
         } else if (verb == "visit") {
-            m_visit(window, name);
+            const QScopedValueRollback visiting(m_visiting, true);
+            m_visit(window, act.section(' ', 1));
         } else if (verb == "answer") {
             for (auto* button : window.findChildren<QAbstractButton*>()) {
                 button->text().remove('&') == name ? button->click() : void();
@@ -306,6 +307,7 @@ private:
 
     QString m_opening;
     Visitor m_visit;
+    bool m_visiting = false;
     QMap<int, QString> m_meanwhile;  ///< what to do during which wait of the line
     int m_waits = 0;
     game::Milliseconds m_waited{0};

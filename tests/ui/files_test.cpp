@@ -4,10 +4,8 @@
 #include <csignal>
 
 #include "game_file.h"
-#include "player.h"
-#include "qt_desktop.h"
 #include "saved_game.h"
-#include "saved_games.h"
+#include "stage.h"
 
 namespace {
 
@@ -109,43 +107,26 @@ TEST_F(GameFile, StaysWholeWhereverWritingFails) {
     }
 }
 
-/// The real file dialogs, with the boxes that follow them written down.
-struct Files final : ui::QtDesktop {
-    QString boxes;
-    ui::Answer show(QWidget* /*owner*/, const ui::Box& box) override {
-        boxes += box.text;
-        return ui::Answer::Ok;
-    }
+/// The stage with the real file dialogs.
+class FileStage final : public test::Stage {
+public:
+    using Stage::Stage;
+
+private:
+    QString chooseFileToLoad(QWidget* owner) override { return QtDesktop::chooseFileToLoad(owner); }
+    QString chooseFileToSave(QWidget* owner) override { return QtDesktop::chooseFileToSave(owner); }
 };
 
 TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
     run("mkdir deep && cp game.zhb deep && cp game.zhb 'deep/no dot'");
-    Files desktop;
-    game::Generator chance(1);
-    ui::frmMain mainForm(desktop, chance);
-    const auto inDialogOf = [&](auto command, const std::function<void(QFileDialog&)>& play) {
-        QTimer::singleShot(0, qApp, [play] {
-            auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-            ASSERT_NE(dialog, nullptr) << "no dialog opened";
-            test::activate(*dialog);
-            play(*dialog);
-            EXPECT_TRUE(dialog->isHidden()) << "it is still open";
-            dialog->close();
-        });
-        command(mainForm);
-    };
-    const auto nameIn = [](const QFileDialog& dialog) {
-        return test::find<QLineEdit>(dialog, "fileNameEdit");
-    };
-    const auto confirm = [&nameIn](QFileDialog& dialog, const QString& typed) {
-        nameIn(dialog)->setText(typed);
-        nameIn(dialog)->setFocus();
-        test::press(dialog, {"Return"});
-    };
-    inDialogOf(ui::loadGame, [&](QFileDialog& dialog) {
-        confirm(dialog, path("deep"));  // a folder is opened and not chosen
+    FileStage stage("frmMain Cash=5 |", [this](QWidget& window, const QString& nameShown) {
+        const auto& dialog = dynamic_cast<QFileDialog&>(window);
         EXPECT_EQ(dialog.directory(), QDir(path("deep")));
-        EXPECT_EQ(nameIn(dialog)->text(), "");
+        EXPECT_EQ(test::find<QLineEdit>(dialog, "fileNameEdit")->text(), nameShown);
+        if (dialog.acceptMode() == QFileDialog::AcceptSave) {
+            EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
+            return;
+        }
         auto* filters = test::find<QComboBox>(dialog, "fileTypeCombo");
         const auto* view = test::find<QAbstractItemView>(dialog, "listView");
         for (const auto& [filter, listed] :
@@ -156,18 +137,21 @@ TEST_F(GameFile, DialogTakesAnyNameAndRemembersWhatWorked) {
             filters->setCurrentIndex(1);
             emit filters->activated(1);
         }
-        confirm(dialog, "no dot");
     });
-    EXPECT_EQ(mainForm.state().gcurCash, 1'000);
-    inDialogOf(ui::loadGame, [&](QFileDialog& dialog) { confirm(dialog, "nowhere"); });
-    inDialogOf(ui::saveGame, [&](QFileDialog& dialog) { confirm(dialog, "/proc/none.zhb"); });
-    EXPECT_EQ(desktop.boxes, "Error Opening File   Error Saving File   ");
-    inDialogOf(ui::saveGame, [&](QFileDialog& dialog) {
-        EXPECT_EQ(dialog.directory(), QDir(path("deep")));
-        EXPECT_EQ(nameIn(dialog)->text(), "no dot");
-        EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
-        confirm(dialog, "as typed");
-    });
+    const auto typed = [](const QString& name) {
+        return "press fileNameEdit Ctrl+A > paste fileNameEdit " + name +
+               " > press fileNameEdit Return";
+    };
+    // A folder is opened and not chosen.
+    EXPECT_EQ(
+        stage.act("choose mnuLoadItem > " + typed(path("deep")) + " > visit  > " + typed("no dot")),
+        " - Game Loaded Successfully Cash=1000 NetWorth=1000");
+    EXPECT_EQ(stage.act("choose mnuLoadItem > " + typed("nowhere")),
+              "[No such file or directory] Error Opening File   |Critical Ok+-");
+    EXPECT_EQ(stage.act("choose mnuSaveItem > " + typed("/proc/none.zhb")),
+              "[No such file or directory] Error Saving File   |Critical Ok+-");
+    EXPECT_EQ(stage.act("choose mnuSaveItem > visit no dot > " + typed("as typed")),
+              " - Game Saved Successfully");
     EXPECT_EQ(cashIn(path("deep/as typed")), "1000");
 }
 
