@@ -12,9 +12,9 @@
 #include "frmStats.h"
 #include "frmTransfer.h"
 #include "frmVisit.h"
-#include "player.h"
 #include "qt_desktop.h"
 #include "scripted_random.h"
+#include "windows.h"
 
 namespace test {
 
@@ -121,19 +121,33 @@ protected:
     }
     /// Does each act in the window that is on top by then, for some rounds of the event loop.
     void perform(int rounds) {
-        const Hand hand([this](QWidget* modal) {
+        QObject hand;
+        reachOut(hand);
+        attempt([rounds] {
+            for (int round = 0; round < rounds; ++round) {
+                QCoreApplication::processEvents();
+            }
+        });
+    }
+
+private:
+    /// Acts in every event loop that runs while `hand` lives. An order is carried out from the
+    /// event loop, so the next act comes an event later.
+    void reachOut(QObject& hand) {
+        const auto act = [this, &hand] {
+            reachOut(hand);  // first, since an act may open a dialog
+            QWidget* modal = QApplication::activeModalWidget();
             QWidget* top = modal != nullptr ? modal : m_window;
             if (!top->isActiveWindow()) {
                 top->activateWindow();
             } else if (!m_visiting) {
                 attempt([&] { perform(*top, nextAct(*top)); });
             }
-        });
-        attempt([rounds] {
-            for (int round = 0; round < rounds; ++round) {
-                QCoreApplication::processEvents();
-            }
-        });
+        };
+        const auto afterOrder = [&hand, act] {
+            QMetaObject::invokeMethod(&hand, act, Qt::QueuedConnection);
+        };
+        QMetaObject::invokeMethod(&hand, afterOrder, Qt::QueuedConnection);
     }
     /// The program may end with it, and with the program all dialogs.
     void attempt(const std::function<void()>& act) {
@@ -178,7 +192,6 @@ protected:
         }
     }
 
-private:
     /// One act in `window`: a verb, mostly a control and sometimes more.
     void perform(QWidget& window, const QString& act) {
         const QString verb = act.section(' ', 0, 0);

@@ -70,27 +70,6 @@ inline void press(QWidget& window, const QStringList& keys) {
     }
 }
 
-/// Acts in every event loop that runs while it lives, with the dialog on top or without one. An
-/// order is carried out from the event loop, so the next act comes an event later.
-class Hand final : QObject {
-public:
-    explicit Hand(std::function<void(QWidget* modal)> act) : m_act(std::move(act)) { reach(); }
-
-private:
-    void reach() {
-        const auto act = [this] {
-            reach();  // first, since an act may open a dialog
-            m_act(QApplication::activeModalWidget());
-        };
-        const auto afterOrder = [this, act] {
-            QMetaObject::invokeMethod(this, act, Qt::QueuedConnection);
-        };
-        QMetaObject::invokeMethod(this, afterOrder, Qt::QueuedConnection);
-    }
-
-    std::function<void(QWidget* modal)> m_act;
-};
-
 /// What the main window shows wrongly of a game in port.
 inline std::string wrongDisplays(const QMainWindow& mainForm, const game::GameState& state) {
     using ui::fromRules, ui::money, ui::plain;
