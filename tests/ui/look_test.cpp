@@ -203,9 +203,11 @@ TEST(Look, TextsHaveRoomAtAnySizeOfLetters) {
             EXPECT_TRUE(window.width() > title + 100 || !window.inherits("QMessageBox") ||
                         points > 9);
             if (points > 9 && dynamic_cast<ui::GameForm*>(&window) != nullptr) {
+                const QRect screen = window.screen()->availableGeometry();
                 const auto* cash = test::find<QWidget>(*window.parentWidget(), "txtCash");
                 EXPECT_FALSE(
                     window.geometry().intersects({cash->mapToGlobal(QPoint()), cash->size()}));
+                EXPECT_TRUE(screen.width() < window.width() || screen.contains(window.geometry()));
             }
             const int most = std::max(window.minimumSizeHint().height(),
                                       window.screen()->availableSize().height());
