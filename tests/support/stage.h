@@ -93,7 +93,7 @@ public:
         m_acts = line.split(" > ");
         m_waits = 0;
         m_idleRounds = 0;
-        perform(30);
+        playFor(30);
         EXPECT_EQ(m_acts.join(" > ").toStdString(), "") << "no window is open for this";
         EXPECT_EQ(std::exchange(m_meanwhile, {}).size(), 0) << "waits of this number do not come";
         addScreen(changes(std::exchange(m_record, m_game), m_game));
@@ -120,7 +120,7 @@ protected:
         return m_acts.isEmpty() ? "" : m_acts.takeFirst();
     }
     /// Does each act in the window that is on top by then, for some rounds of the event loop.
-    void perform(int rounds) {
+    void playFor(int rounds) {
         QObject hand;
         reachOut(hand);
         attempt([rounds] {

@@ -16,7 +16,7 @@ public:
         m_game.gcurBank = 0;
         m_results.clear();
         test::find<QPushButton>(m_mainForm, "cmdLeave")->click();
-        perform(1);
+        playFor(1);
     }
 
     ui::frmMain& mainForm = m_mainForm;

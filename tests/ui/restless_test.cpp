@@ -41,7 +41,7 @@ public:
     [[noreturn]] void play() {
         alarm(300);  // a game that hangs is a fault
         while (m_mainForm.isVisible()) {
-            perform(30);
+            playFor(30);
         }
         endProgram();
     }
