@@ -25,7 +25,8 @@ inline void expectApproved(const std::string& name, const std::string& found) {
     const std::string approved = text.str();
     const auto same = std::ranges::mismatch(found, approved).in1 - found.begin();
     const std::size_t line = found.rfind('\n', static_cast<std::size_t>(same)) + 1;
-    EXPECT_EQ(found.substr(line, 400), approved.substr(line, 400)) << name;
+    EXPECT_EQ(approved.substr(line, 200), found.substr(line, 200))
+        << name << ':' << std::count(found.begin(), found.begin() + same, '\n') + 1;
 }
 
 /// Plays every script of such a file, a line that begins with `>`, and gives back the file with

@@ -67,7 +67,9 @@ private:
         const bool read = parts >> face >> slash >> sides && parts.eof() && slash == '/';
         const double width = std::abs(span);
         if (!read || std::abs(sides - span) > 1e-4 || face < 1 || (face > 1 && face - 1 >= width)) {
-            throw std::runtime_error(die + " is no face of a die of " + std::to_string(span));
+            std::ostringstream error;
+            error << die << " is no face of a die of " << span;
+            throw std::runtime_error(error.str());
         }
         return std::copysign((face - 1 + std::min(face, width)) / 2, span);
     }

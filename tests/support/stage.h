@@ -81,10 +81,7 @@ public:
         addScreen();
     }
 
-    ~Stage() override {
-        SCOPED_TRACE(m_opening.toStdString());
-        EXPECT_EQ(rest(), "") << "draws left over";
-    }
+    ~Stage() override { EXPECT_EQ(rest(), "") << "draws left over by " << m_opening.toStdString(); }
 
     /// Does what a line says, each act in the window that is on top by then, and returns what it
     /// changes in the report, in the record and on the screen.
@@ -212,9 +209,11 @@ private:
             const QScopedValueRollback visiting(m_visiting, true);
             m_visit(window, act.section(' ', 1));
         } else if (verb == "answer") {
-            for (auto* button : window.findChildren<QAbstractButton*>()) {
-                button->text().remove('&') == name ? button->click() : void();
-            }
+            const auto buttons = window.findChildren<QAbstractButton*>();
+            const auto button = std::ranges::find(
+                buttons, name, [](const auto* offered) { return offered->text().remove('&'); });
+            button != buttons.end() ? (*button)->click()
+                                    : throw std::runtime_error("no such answer");
         } else if (verb == "look") {
             m_results << name + ' ' + shown(*find<QWidget>(window, name));
         } else {
