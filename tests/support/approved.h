@@ -24,7 +24,8 @@ inline void expectApproved(const std::string& name, const std::string& found) {
     text << std::ifstream{path}.rdbuf();
     const std::string approved = text.str();
     const auto same = std::ranges::mismatch(found, approved).in1 - found.begin();
-    const std::size_t line = found.rfind('\n', static_cast<std::size_t>(same)) + 1;
+    const std::size_t line =
+        found.rfind('\n', static_cast<std::size_t>(std::max<std::ptrdiff_t>(same - 1, 0))) + 1;
     EXPECT_EQ(approved.substr(line, 200), found.substr(line, 200))
         << name << ':' << std::count(found.begin(), found.begin() + same, '\n') + 1;
 }
