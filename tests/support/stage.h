@@ -107,7 +107,10 @@ protected:
 
     /// The next act in `top`; none if it is empty. Boxes that no act answers are answered by Enter.
     virtual QString nextAct(QWidget& top) {
-        static const QRegularExpression inBox("^answer| msgBox| qt_msgbox");
+        if (const auto* box = qobject_cast<const QMessageBox*>(&top)) {
+            EXPECT_TRUE(box->icon() == m_icon && box->textFormat() == Qt::PlainText);
+        }
+        static const QRegularExpression inBox("^answer| msgBox");
         if (top.objectName() == "msgBox" && !m_acts.value(0).contains(inBox)) {
             return "press msgBox Return";
         }
@@ -171,6 +174,7 @@ private:
             }
         }
         m_results << text;
+        m_icon = box.icon;
         return QtDesktop::show(owner, box);
     }
     QString chooseFileToLoad(QWidget* owner) override { return chooseFileToSave(owner); }
@@ -287,6 +291,8 @@ private:
                 seen["sea"] = sea->palette().color(QPalette::Window).name();
             }
         }
+        const QAction* menu = m_mainForm.menuBar()->activeAction();
+        seen["menu"] = menu != nullptr ? menu->text() : "";
         const QString status = textOf(*find<QWidget>(m_mainForm, "prgStatus"));
         seen["gauge"] = status == ui::plain(m_game.gcurStatus) ? "" : status;
         seen["caret"] = m_report->textCursor().atEnd() ? "at the end" : "elsewhere";
@@ -325,7 +331,8 @@ private:
     game::Milliseconds m_waited{0};
     QStringList m_acts;    ///< of the line, still to come
     int m_idleRounds = 0;  ///< of the event loop since the last of them, with a dialog still open
-    QString m_focused;     ///< by the last act
+    ui::Icon m_icon = ui::Icon::NoIcon;  ///< of the last box
+    QString m_focused;                   ///< by the last act
     QMap<QString, QString> m_screen;
     QString m_text;  ///< of the report, when it was looked at last
 
