@@ -291,8 +291,6 @@ private:
                 seen["sea"] = sea->palette().color(QPalette::Window).name();
             }
         }
-        const QAction* menu = m_mainForm.menuBar()->activeAction();
-        seen["menu"] = menu != nullptr ? menu->text() : "";
         const QString status = textOf(*find<QWidget>(m_mainForm, "prgStatus"));
         seen["gauge"] = status == ui::plain(m_game.gcurStatus) ? "" : status;
         seen["caret"] = m_report->textCursor().atEnd() ? "at the end" : "elsewhere";

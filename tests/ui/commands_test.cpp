@@ -1,4 +1,4 @@
-// Clicks, and the calls of assistive programs; keys are in dialogs.txt.
+// Clicks, menus and the calls of assistive programs; other keys are in dialogs.txt.
 
 #include "stage.h"
 
@@ -30,6 +30,19 @@ TEST(Clicks, SelectAnAmountOnlyWithTheOneThatBringsTheFocus) {
         EXPECT_EQ(list->currentText(), "$1,000");
     });
     stage.act("visit clicks");
+}
+
+TEST(Menus, GiveTheFocusBackAfterOneEscape) {
+    test::Stage stage("frmMain |", [](QWidget& mainForm, const QString& /*state*/) {
+        for (const char* keys : {"Alt+F", "F10", "Alt"}) {
+            test::activate(mainForm);
+            test::find<QWidget>(mainForm, "cmdLeave")->setFocus();
+            test::press(mainForm, {keys, "Esc"});
+            QCoreApplication::sendPostedEvents();
+            EXPECT_EQ(mainForm.focusWidget()->objectName(), "cmdLeave") << keys;
+        }
+    });
+    stage.act("visit menus");
 }
 
 TEST(Commands, OpenOneDialogAfterTheCallThatAsksForIt) {
