@@ -20,9 +20,7 @@ inline void expectApproved(const std::string& name, const std::string& found) {
     if (std::getenv("ZHENBAO_APPROVE") != nullptr) {
         std::ofstream{path} << found;
     }
-    std::ostringstream text;
-    text << std::ifstream{path}.rdbuf();
-    const std::string approved = text.str();
+    const std::string approved = (std::ostringstream{} << std::ifstream{path}.rdbuf()).str();
     const auto same = std::ranges::mismatch(found, approved).in1 - found.begin();
     const std::size_t line =
         found.rfind('\n', static_cast<std::size_t>(std::max<std::ptrdiff_t>(same - 1, 0))) + 1;

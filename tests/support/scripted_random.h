@@ -67,9 +67,8 @@ private:
         const bool read = parts >> face >> slash >> sides && parts.eof() && slash == '/';
         const double width = std::abs(span);
         if (!read || std::abs(sides - span) > 1e-4 || face < 1 || (face > 1 && face - 1 >= width)) {
-            std::ostringstream error;
-            error << die << " is no face of a die of " << span;
-            throw std::runtime_error(error.str());
+            throw std::runtime_error(
+                (std::ostringstream{} << die << " is no face of a die of " << span).str());
         }
         return std::copysign((face - 1 + std::min(face, width)) / 2, span);
     }

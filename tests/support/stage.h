@@ -232,8 +232,7 @@ private:
         if (verb == "click") {
             find<QAbstractButton>(window, name)->click();
         } else if (verb == "mouse") {
-            auto* control = find<QWidget>(window, name);
-            QTest::mouseClick(control, Qt::LeftButton, {}, {12, control->height() / 2});
+            QTest::mouseClick(find<QWidget>(window, name), Qt::LeftButton, {}, {12, 8});
         } else if (verb == "press") {
             press(window, with.split(' '));
         } else if (verb == "hold") {

@@ -26,7 +26,6 @@ struct Look {
     bool dark = false;
 };
 const Look light{.name = "light"};
-const Look dark{.name = "dark", .dark = true};
 
 QPalette darkPalette() {
     QPalette palette(QColor(0x2d, 0x2f, 0x33));
@@ -113,14 +112,6 @@ QString saidBy(QWidget& control) {
     return QString(both).replace('\n', '|');
 }
 
-/// Names begin with the kind of the control.
-void expectPlainClass(const QWidget& control) {
-    static const QMap<QString, const char*> kinds{
-        {"cbo", "QComboBox"},    {"cmd", "QPushButton"},  {"fra", "QGroupBox"}, {"lbl", "QLabel"},
-        {"opt", "QRadioButton"}, {"prg", "QProgressBar"}, {"sld", "QSlider"}};
-    EXPECT_TRUE(control.inherits(kinds.value(control.objectName().left(3), "QWidget")));
-}
-
 /// Title and, where they are fixed, size and place; texts; the way of the Tab key. Of further
 /// states of the window, without the texts.
 QString contentsOf(QWidget& window, const QString& state) {
@@ -138,8 +129,12 @@ QString contentsOf(QWidget& window, const QString& state) {
         texts << item->text() + ' ' + item->shortcut().toString() +
                      (item->isEnabled() ? "" : " disabled");
     }
+    static const QMap<QString, const char*> kinds{
+        // names begin with them
+        {"cbo", "QComboBox"},    {"cmd", "QPushButton"},  {"fra", "QGroupBox"}, {"lbl", "QLabel"},
+        {"opt", "QRadioButton"}, {"prg", "QProgressBar"}, {"sld", "QSlider"}};
     for (auto* control : test::controlsOf(window)) {
-        expectPlainClass(*control);
+        EXPECT_TRUE(control->inherits(kinds.value(control->objectName().left(3), "QWidget")));
         texts << (control->inherits("QGroupBox") ? "\n    " : "") + saidBy(*control);
     }
     texts.removeAll("");
@@ -278,7 +273,7 @@ TEST(Look, TextsAndFocusStandOutInLightAndDark) {
         expectVisibleFocus(window);
         return QString();
     });
-    visitWindows(dark, [&](QWidget& window, const QString& state) {
+    visitWindows({.name = "dark", .dark = true}, [&](QWidget& window, const QString& state) {
         EXPECT_EQ(window.grab().toImage(), switched.value(state)) << "is switched in part";
         expectContrast(window);
         expectVisibleFocus(window);

@@ -21,8 +21,7 @@ const QString turns =
     "Status=50|Status=2";
 
 const QRegularExpression usualControls(
-    "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Start|Retire|Cannon|Ship|OK)$|HongKong|"
-    "Withdraw");
+    "^cmd(Leave|Visit|Money|Transfer|Repair|Depart|Start|Retire|Cannon|Ship|OK)$|HongKong");
 const QString keysInPort = "Ctrl+N Ctrl+S Ctrl+L Ctrl+L Ctrl+L Alt+F Alt+O Alt+H";
 const QString keysInMenus = "Down Down Down Up End End Return Return Return Return Esc Esc";
 const QString keysInDialogs = "9 Return Return Esc";
