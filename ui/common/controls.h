@@ -51,7 +51,7 @@ protected:
     return button;
 }
 /// The label beside `control`. Assistive programs call the control `spoken`, or the caption without
-/// its colon if that is empty.
+/// its colon if that is empty; a list that shows a text they call by the label.
 [[nodiscard]] QLabel* makeLabelFor(QWidget* control, const QString& name, const QString& caption,
                                    const QString& spoken = {});
 
