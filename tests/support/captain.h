@@ -21,7 +21,7 @@ namespace test {
 
 /// A player without windows: fills in the orders as their windows do, sails and fights. A subclass
 /// makes the choices. What happens goes into a transcript, if one is wanted: refusals and messages
-/// of orders, and of voyages a line for each entry or report, followed by what else happens.
+/// of orders, and of voyages a line for each entry and each turn of a battle.
 class Captain : public game::VoyageScene, public game::BattleScene {
 public:
     using Options = std::vector<std::string_view>;
@@ -55,11 +55,11 @@ public:
     }
 
     void appendEntry(std::string_view message, std::string_view continuation) override {
-        line(message, continuation.empty() ? "" : "\n| ", continuation);
+        line(message, continuation.empty() ? "" : " | ", continuation);
     }
     void appendEntry(std::string_view message) override { line(message); }
     void appendText(std::string_view text) override { add(text); }
-    void report(std::string_view text) override { line(text); }
+    void report(std::string_view text) override { add(" / ", text); }
     void flash(game::Alert alert) override { add(alert == game::Alert::News ? " cyan" : " red"); }
     void flash() override { add(" flash"); }
     void wait(game::Milliseconds duration) override { add(" ", duration.count()); }
@@ -102,7 +102,9 @@ public:
         game::Battle battle(m_state, m_random, *this);
         battle.open();
         for (m_battleGoesOn = true; m_battleGoesOn;) {
-            (battle.*ways.at(choose(m_state.gcurCannons > 0 ? armed : unarmed)))();
+            const std::size_t order = choose(m_state.gcurCannons > 0 ? armed : unarmed);
+            line("");
+            (battle.*ways.at(order))();
         }
     }
 
