@@ -21,11 +21,12 @@ inline void expectApproved(const std::string& name, const std::string& found) {
         std::ofstream{path} << found;
     }
     const std::string approved = (std::ostringstream{} << std::ifstream{path}.rdbuf()).str();
-    const auto same = std::ranges::mismatch(found, approved).in1 - found.begin();
-    const std::size_t line =
-        found.rfind('\n', static_cast<std::size_t>(std::max<std::ptrdiff_t>(same - 1, 0))) + 1;
-    EXPECT_EQ(approved.substr(line, 200), found.substr(line, 200))
-        << name << ':' << std::count(found.begin(), found.begin() + same, '\n') + 1;
+    const auto difference = std::ranges::mismatch(found, approved).in1;
+    const std::string same(found.begin(), difference);
+    const std::size_t line = same.rfind('\n') + 1;
+    const std::size_t length = same.size() - line + 200;  // to behind the difference
+    EXPECT_EQ(approved.substr(line, length), found.substr(line, length))
+        << name << ':' << std::ranges::count(same, '\n') + 1;
 }
 
 /// Plays every script of such a file, a line that begins with `>`, and gives back the file with

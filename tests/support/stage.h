@@ -50,7 +50,7 @@ inline QString shown(const QWidget& control) {
 }
 
 /// The main window, a dialog over it and a desktop without a screen, played by a script of
-/// dialogs.txt (tests/README.md describes them). What is wrong with a script is thrown.
+/// dialogs.txt (tests/README.md describes them). A mistake in a script fails the test.
 class Stage : ScriptedRandom, protected ui::QtDesktop {
 public:
     using Visitor = std::function<void(QWidget& window, const QString& state)>;
@@ -174,6 +174,7 @@ private:
             }
         }
         m_results << text;
+        EXPECT_EQ(m_mainForm.findChild<QMessageBox*>(), nullptr) << "two boxes at a time";
         m_icon = box.icon;
         return QtDesktop::show(owner, box);
     }

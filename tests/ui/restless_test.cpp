@@ -47,7 +47,8 @@ public:
 
 private:
     [[noreturn]] void endProgram() override {
-        end(std::clamp(game::monthsElapsed(m_game.gdtmDate), 0, fault - 1));
+        const int months = std::clamp(game::monthsElapsed(m_game.gdtmDate), 0, fault - 1);
+        end(testing::Test::HasFailure() ? fault : months);
     }
     [[noreturn]] void end(int status) {
         m_folder.remove();
